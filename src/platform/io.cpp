@@ -1,0 +1,79 @@
+#include "platform/io.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <string>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/text.hpp"
+
+void Descriptor::reset(int fd)
+{
+    if (m_fd >= 0) {
+        const int kept = errno;
+        ::close(m_fd);
+        errno = kept;
+    }
+    m_fd = fd;
+}
+
+int mkdir_p(const char* path, unsigned int mode, int /*flags*/)
+{
+    std::string partial(path);
+    for (std::size_t slash = partial.find('/', 1); slash != std::string::npos;
+         slash = partial.find('/', slash + 1)) {
+        partial[slash] = '\0';
+        if (::mkdir(partial.c_str(), mode) != 0 && errno != EEXIST)
+            return -1;
+        partial[slash] = '/';
+    }
+    return ::mkdir(path, mode) == 0 || errno == EEXIST ? 0 : -1;
+}
+
+int lock_exclusively(int fd)
+{
+    int result = -1;
+    do
+        result = ::flock(fd, LOCK_EX);
+    while (result != 0 && errno == EINTR);
+    return result;
+}
+
+// Moves what is left to the front and reads behind it. False when nothing more comes.
+bool LineReader::fill()
+{
+    if (m_ended)
+        return false;
+    std::memmove(m_buffer, m_buffer + m_begin, m_end - m_begin);
+    m_end -= m_begin;
+    m_begin = 0;
+    ssize_t got = -1;
+    do
+        got = ::read(m_fd, m_buffer + m_end, sizeof m_buffer - m_end);
+    while (got < 0 && errno == EINTR);
+    m_failed = got < 0;
+    m_ended = got <= 0;
+    if (!m_ended)
+        m_end += static_cast<std::size_t>(got);
+    return !m_ended;
+}
+
+bool LineReader::next(std::string_view& line)
+{
+    for (;;) {
+        const std::string_view left(m_buffer + m_begin, std::min(m_end - m_begin, LINE_LIMIT));
+        const std::size_t feed = left.find('\n');
+        if (feed == std::string_view::npos && left.size() < LINE_LIMIT && fill())
+            continue;
+        if (left.empty())
+            return false;
+        const std::string_view raw(m_buffer + m_begin,
+            feed == std::string_view::npos ? std::min(m_end - m_begin, LINE_LIMIT) : feed + 1);
+        m_begin += raw.size();
+        line = chomp(raw);
+        return true;
+    }
+}

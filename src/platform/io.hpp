@@ -1,0 +1,66 @@
+// Owners of what the kernel lends, directories with their parents, and lines of a file.
+#pragma once
+
+#include <cstddef>
+#include <dirent.h>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+// Owns one file descriptor; -1 is none. A close never changes errno.
+class Descriptor {
+  public:
+    Descriptor() = default;
+    explicit Descriptor(int fd) : m_fd(fd) {}
+    Descriptor(Descriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept
+    {
+        reset(std::exchange(other.m_fd, -1));
+        return *this;
+    }
+    ~Descriptor() { reset(); }
+
+    explicit operator bool() const { return m_fd >= 0; }
+    int get() const { return m_fd; }
+    int release() { return std::exchange(m_fd, -1); }
+    void reset(int fd = -1);
+
+  private:
+    int m_fd = -1;
+};
+
+struct DirectoryClose {
+    void operator()(DIR* directory) const { ::closedir(directory); }
+};
+using Directory = std::unique_ptr<DIR, DirectoryClose>;
+
+// Makes a directory and its missing parents with `mode`, less the umask. 0 on success, also when it is
+// there already; -1 with errno set. `flags` chooses among extras of the library: -1 is the plain form.
+int mkdir_p(const char* path, unsigned int mode, int flags);
+
+// flock(2), waiting as long as it takes. 0 on success, -1 with errno set.
+int lock_exclusively(int fd);
+
+// Reads a file line by line, each line at most 1022 bytes: a longer one comes in pieces, and each piece
+// counts as a line of its own. Any byte but the line feed may stand in a line.
+class LineReader {
+  public:
+    static constexpr std::size_t LINE_LIMIT = 1022;
+
+    explicit LineReader(int fd) : m_fd(fd) {}
+
+    // The next line without its line feed, valid until the next call. False at the end of the file and
+    // on a read error, which failed() tells apart.
+    bool next(std::string_view& line);
+    bool failed() const { return m_failed; }
+
+  private:
+    bool fill();
+
+    int m_fd;
+    bool m_failed = false;
+    bool m_ended = false;
+    std::size_t m_begin = 0;
+    std::size_t m_end = 0;
+    char m_buffer[4096];
+};

@@ -1,0 +1,123 @@
+#include "platform/packet.hpp"
+
+#include <cstring>
+#include <limits>
+
+namespace packet {
+namespace {
+
+constexpr std::size_t LENGTH_AT = 0x04;
+constexpr std::size_t SEQUENCE_AT = 0x08;
+constexpr std::size_t FLAGS_AT = 0x10;
+constexpr std::size_t COMMAND_AT = 0x11;
+constexpr std::size_t COUNT_AT = 0x61;
+constexpr std::size_t TABLE_AT = 0x63;
+constexpr std::size_t HEADER_SIZE = 0x67;
+constexpr std::size_t ENTRY_SIZE = 16;
+constexpr char MAGIC[] = {'T', 'V', 'P', '4'};
+
+// The wire is little-endian whatever the machine is.
+template <typename Number> void store(unsigned char* at, Number number)
+{
+    for (std::size_t i = 0; i < sizeof number; ++i)
+        at[i] = static_cast<unsigned char>(number >> (8 * i));
+}
+
+template <typename Number> Number load(const unsigned char* at)
+{
+    Number number = 0;
+    for (std::size_t i = 0; i < sizeof number; ++i)
+        number = static_cast<Number>(number | static_cast<Number>(at[i]) << (8 * i));
+    return number;
+}
+
+}  // namespace
+
+bool Writer::begin(std::string_view command, std::uint8_t flags, std::uint64_t sequence)
+{
+    m_entries.clear();
+    m_bytes.assign(HEADER_SIZE, 0);
+    if (command.size() >= COUNT_AT - COMMAND_AT)
+        return false;
+    std::memcpy(m_bytes.data(), MAGIC, sizeof MAGIC);
+    store(m_bytes.data() + SEQUENCE_AT, sequence);
+    m_bytes[FLAGS_AT] = flags;
+    std::memcpy(m_bytes.data() + COMMAND_AT, command.data(), command.size());
+    return true;
+}
+
+std::uint32_t Writer::add_text(const char* text)
+{
+    const auto offset = static_cast<std::uint32_t>(m_bytes.size());
+    m_bytes.insert(m_bytes.end(), text, text + std::strlen(text) + 1);
+    return offset;
+}
+
+bool Writer::add_entry(std::uint32_t name, const char* value)
+{
+    if (m_entries.size() >= std::numeric_limits<std::uint16_t>::max())
+        return false;
+    m_entries.push_back({name, add_text(value)});
+    return true;
+}
+
+bool Writer::add(const char* value)
+{
+    return add_entry(0, value);
+}
+
+bool Writer::add(const char* name, const char* value)
+{
+    return add_entry(add_text(name), value);
+}
+
+void Writer::finish()
+{
+    const std::size_t table = m_bytes.size();
+    m_bytes.resize(table + m_entries.size() * ENTRY_SIZE);
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        store(m_bytes.data() + table + i * ENTRY_SIZE, m_entries[i].name);
+        store(m_bytes.data() + table + i * ENTRY_SIZE + 4, m_entries[i].value);
+    }
+    store(m_bytes.data() + COUNT_AT, static_cast<std::uint16_t>(m_entries.size()));
+    store(m_bytes.data() + TABLE_AT, static_cast<std::uint32_t>(table));
+    store(m_bytes.data() + LENGTH_AT, static_cast<std::uint32_t>(m_bytes.size()));
+}
+
+std::uint8_t Reader::flags() const
+{
+    return m_bytes.size() > FLAGS_AT ? m_bytes[FLAGS_AT] : std::uint8_t{0};
+}
+
+const char* Reader::command() const
+{
+    const char* word = text(COMMAND_AT);
+    return word ? word : "";
+}
+
+std::size_t Reader::arguments() const
+{
+    return m_bytes.size() >= HEADER_SIZE ? load<std::uint16_t>(m_bytes.data() + COUNT_AT) : 0;
+}
+
+Reader::Argument Reader::argument(std::size_t index) const
+{
+    if (index >= arguments())
+        return {};
+    const std::size_t at = load<std::uint32_t>(m_bytes.data() + TABLE_AT) + index * ENTRY_SIZE;
+    if (at < HEADER_SIZE || at + ENTRY_SIZE > m_bytes.size())
+        return {};
+    const unsigned char* entry = m_bytes.data() + at;
+    return {true, text(load<std::uint32_t>(entry)), text(load<std::uint32_t>(entry + 4))};
+}
+
+// An offset of 0 is the packet's own head and stands for no text.
+const char* Reader::text(std::uint32_t offset) const
+{
+    if (offset == 0 || offset >= m_bytes.size())
+        return nullptr;
+    const unsigned char* begin = m_bytes.data() + offset;
+    return std::memchr(begin, 0, m_bytes.size() - offset) ? reinterpret_cast<const char*>(begin) : nullptr;
+}
+
+}  // namespace packet

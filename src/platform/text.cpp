@@ -1,0 +1,8 @@
+#include "platform/text.hpp"
+
+std::string_view chomp(std::string_view line)
+{
+    if (!line.empty() && line.back() == '\n')
+        line.remove_suffix(1);
+    return line;
+}
