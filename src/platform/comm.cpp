@@ -167,8 +167,7 @@ int comm_socket_v4_idle(comm_socket_v4* socket)
     if ((state.revents & (POLLHUP | POLLERR | POLLNVAL)) == 0)
         return 0;
     // What came before the server hung up is still to be had.
-    char probe = 0;
-    return ::recv(socket->descriptor.get(), &probe, sizeof probe, MSG_PEEK | MSG_DONTWAIT) > 0 ? 0 : -1;
+    return has_unread_bytes(socket->descriptor.get()) ? 0 : -1;
 }
 
 comm_socket_v4_packet* comm_socket_v4_client_get_packet_from_server(comm_socket_v4* socket)
@@ -176,7 +175,9 @@ comm_socket_v4_packet* comm_socket_v4_client_get_packet_from_server(comm_socket_
     auto packet = std::make_unique<Packet>();
     if (receive_packet(socket->descriptor.get(), packet->received) != Received::PACKET)
         return nullptr;
-    packet->flags = packet::Reader(packet->received).flags();
+    const packet::Reader reader(packet->received);
+    packet->flags = reader.flags();
+    packet->sequence = reader.sequence();
     return packet.release();
 }
 

@@ -30,7 +30,13 @@ int mkdir_p(const char* path, unsigned int mode, int /*flags*/)
             return -1;
         partial[slash] = '/';
     }
-    return ::mkdir(path, mode) == 0 || errno == EEXIST ? 0 : -1;
+    if (::mkdir(path, mode) == 0)
+        return 0;
+    struct stat there {};
+    const bool is_directory = errno == EEXIST && ::stat(path, &there) == 0 && S_ISDIR(there.st_mode);
+    if (is_directory)
+        return 0;
+    return -1;
 }
 
 int lock_exclusively(int fd)

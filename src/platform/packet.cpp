@@ -6,14 +6,6 @@
 namespace packet {
 namespace {
 
-constexpr std::size_t LENGTH_AT = 0x04;
-constexpr std::size_t SEQUENCE_AT = 0x08;
-constexpr std::size_t FLAGS_AT = 0x10;
-constexpr std::size_t COMMAND_AT = 0x11;
-constexpr std::size_t COUNT_AT = 0x61;
-constexpr std::size_t TABLE_AT = 0x63;
-constexpr std::size_t HEADER_SIZE = 0x67;
-constexpr std::size_t ENTRY_SIZE = 16;
 constexpr char MAGIC[] = {'T', 'V', 'P', '4'};
 
 // The wire is little-endian whatever the machine is.
@@ -89,6 +81,13 @@ std::uint8_t Reader::flags() const
     return m_bytes.size() > FLAGS_AT ? m_bytes[FLAGS_AT] : std::uint8_t{0};
 }
 
+std::uint64_t Reader::sequence() const
+{
+    return m_bytes.size() >= SEQUENCE_AT + sizeof(std::uint64_t)
+               ? load<std::uint64_t>(m_bytes.data() + SEQUENCE_AT)
+               : 0;
+}
+
 const char* Reader::command() const
 {
     const char* word = text(COMMAND_AT);
@@ -104,7 +103,7 @@ Reader::Argument Reader::argument(std::size_t index) const
 {
     if (index >= arguments())
         return {};
-    const std::size_t at = load<std::uint32_t>(m_bytes.data() + TABLE_AT) + index * ENTRY_SIZE;
+    const std::uint64_t at = std::uint64_t{load<std::uint32_t>(m_bytes.data() + TABLE_AT)} + index * ENTRY_SIZE;
     if (at < HEADER_SIZE || at + ENTRY_SIZE > m_bytes.size())
         return {};
     const unsigned char* entry = m_bytes.data() + at;

@@ -13,6 +13,16 @@ namespace packet {
 constexpr std::uint8_t FLAG_REQUEST = 0x01;  // set on everything that a client asks
 constexpr std::uint8_t FLAG_EVENT = 0x02;    // set on what a server sends unasked
 
+// Where the fields of the header stand, and what an entry of the table takes.
+constexpr std::size_t LENGTH_AT = 0x04;
+constexpr std::size_t SEQUENCE_AT = 0x08;
+constexpr std::size_t FLAGS_AT = 0x10;
+constexpr std::size_t COMMAND_AT = 0x11;
+constexpr std::size_t COUNT_AT = 0x61;
+constexpr std::size_t TABLE_AT = 0x63;
+constexpr std::size_t HEADER_SIZE = 0x67;
+constexpr std::size_t ENTRY_SIZE = 16;
+
 // Builds one packet: a command word, then arguments, then finish().
 class Writer {
   public:
@@ -53,9 +63,10 @@ class Reader {
     // The bytes must outlive the reader and all texts taken from it.
     explicit Reader(const std::vector<unsigned char>& bytes) : m_bytes(bytes) {}
 
-    std::uint8_t flags() const;     // 0 when missing
-    const char* command() const;    // "" when missing
-    std::size_t arguments() const;  // the count that the header states, 0 when missing
+    std::uint8_t flags() const;      // 0 when missing
+    std::uint64_t sequence() const;  // 0 when missing
+    const char* command() const;     // "" when missing
+    std::size_t arguments() const;   // the count that the header states, 0 when missing
     Argument argument(std::size_t index) const;
 
   private:

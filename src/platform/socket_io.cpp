@@ -1,11 +1,20 @@
 #include "platform/socket_io.hpp"
 
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <fcntl.h>
+#include <linux/sockios.h>
+#include <poll.h>
+#include <sys/ioctl.h>
 
 bool SocketAddress::set(const std::string& path)
 {
+    // The empty name would not be refused by the kernel: it stands for a socket outside of the files.
+    if (path.empty()) {
+        errno = ENOENT;
+        return false;
+    }
     std::string reachable = path;
     if (path.size() >= sizeof address.sun_path) {
         const std::size_t slash = path.rfind('/');
@@ -62,21 +71,50 @@ int send_packet(int socket, const std::vector<unsigned char>& bytes)
     return errno == EAGAIN || errno == EWOULDBLOCK ? 0 : -1;
 }
 
+namespace {
+
+ssize_t receive_once(int socket, void* into, std::size_t size, int flags)
+{
+    ssize_t got = -1;
+    do
+        got = ::recv(socket, into, size, flags | MSG_DONTWAIT);
+    while (got < 0 && errno == EINTR);
+    return got;
+}
+
+Received after_error()
+{
+    return errno == EAGAIN || errno == EWOULDBLOCK ? Received::NOTHING_YET : Received::HUNG_UP;
+}
+
+// Reading nothing means the end, or an empty packet, which has to go or it would be found for ever.
+Received after_nothing(int socket)
+{
+    char none = 0;
+    if (receive_once(socket, &none, sizeof none, 0) < 0)
+        return after_error();
+    pollfd state{socket, POLLRDHUP, 0};
+    const bool ended = ::poll(&state, 1, 0) > 0 && !has_unread_bytes(socket);
+    return ended ? Received::HUNG_UP : Received::NOTHING_YET;
+}
+
+}  // namespace
+
 Received receive_packet(int socket, std::vector<unsigned char>& bytes)
 {
-    char probe = 0;
-    ssize_t size = -1;
     // The true length first: a packet that is read into less room than it needs is cut for good.
-    do
-        size = ::recv(socket, &probe, sizeof probe, MSG_PEEK | MSG_TRUNC | MSG_DONTWAIT);
-    while (size < 0 && errno == EINTR);
+    char probe = 0;
+    const ssize_t size = receive_once(socket, &probe, sizeof probe, MSG_PEEK | MSG_TRUNC);
     if (size < 0)
-        return errno == EAGAIN || errno == EWOULDBLOCK ? Received::NOTHING_YET : Received::HUNG_UP;
+        return after_error();
     if (size == 0)
-        return Received::HUNG_UP;
+        return after_nothing(socket);
     bytes.resize(static_cast<std::size_t>(size));
-    do
-        size = ::recv(socket, bytes.data(), bytes.size(), MSG_DONTWAIT);
-    while (size < 0 && errno == EINTR);
-    return size > 0 ? Received::PACKET : Received::HUNG_UP;
+    return receive_once(socket, bytes.data(), bytes.size(), 0) == size ? Received::PACKET : Received::HUNG_UP;
+}
+
+bool has_unread_bytes(int socket)
+{
+    int unread = 0;
+    return ::ioctl(socket, SIOCINQ, &unread) == 0 && unread > 0;
 }

@@ -16,7 +16,8 @@ struct SocketAddress {
     socklen_t length = 0;
     Descriptor directory;
 
-    // False with errno set: the directory can't be opened, or the last component is too long.
+    // False with errno set: the path is empty, the directory can't be opened, or the last component is
+    // too long.
     bool set(const std::string& path);
 };
 
@@ -26,5 +27,9 @@ int send_packet(int socket, const std::vector<unsigned char>& bytes);
 
 enum class Received { PACKET, NOTHING_YET, HUNG_UP };
 
-// The next packet, without waiting and whole, whatever its size.
+// The next packet, without waiting and whole, whatever its size. An empty packet says nothing and is
+// dropped.
 Received receive_packet(int socket, std::vector<unsigned char>& bytes);
+
+// Whether bytes of a packet wait to be read, also after the peer has hung up.
+bool has_unread_bytes(int socket);

@@ -1,0 +1,2 @@
+#include "control/run_state.hpp"
+FILE* stderr_write = stderr;

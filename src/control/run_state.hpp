@@ -1,0 +1,3 @@
+#pragma once
+#include <cstdio>
+extern FILE* stderr_write;

@@ -1,0 +1,10 @@
+// Settings of an fbdev output from its document.
+#pragma once
+
+#include "schema/consume_json.hpp"
+
+class ConsumeFbdev : public JsonConsumer {
+  public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override;
+};

@@ -1,0 +1,69 @@
+// The reading side of every schema: a JSON document in, flat settings out.
+//
+// A schema class derives from JsonConsumer and calls its handlers in createItems(), one for each object
+// and member of the document. A member that the document lacks produces nothing, so that a partial
+// document changes only what it names. Nothing is rejected.
+#pragma once
+
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "schema/document.hpp"
+#include "schema/field.hpp"
+#include "schema/schema_params.hpp"
+
+// Pairs of flat key and value in the order in which a set applies them; duplicates stay.
+using SettingValues = std::vector<std::pair<std::string, std::string>>;
+
+// The words of a document beside the words of a settings file.
+using WordPairs = std::initializer_list<std::pair<const char*, const char*>>;
+
+// The second word of the pair whose first is `text`, or the text itself; and the other way round.
+std::string map_string(const std::string& text, WordPairs pairs);
+std::string reverse_map_string(const std::string& text, WordPairs pairs);
+
+class JsonConsumer {
+  public:
+    // A text that is no JSON object leaves the document empty, without a message.
+    explicit JsonConsumer(const std::string& text);
+    virtual ~JsonConsumer() = default;
+
+    virtual void createItems() = 0;
+
+    const Document& document() const { return m_document.object_items(); }
+    const SettingValues& items() const { return m_items; }
+
+    // The pair of a field, whose value is empty for a null that the field takes. ("", "") if the
+    // document lacks it.
+    static std::pair<std::string, std::string> parse_item(const std::string& key, const Params& params);
+
+    // Builders of composite texts.
+    static std::string timed_value(const std::string& count, const std::string& unit);
+    static std::string ratio_value(const std::string& width, const std::string& height);
+    static std::string position_value(const std::string& x, const std::string& y);
+    static std::string frame_value(const std::string& numerator, const std::string& denominator,
+        const std::string& kind, const std::string& order);
+    static std::string array_value(const std::vector<std::string>& parts, const std::string& separator);
+    static std::string number(const json11::Json& json);  // a string as it stands, otherwise the number
+
+  protected:
+    // The top of the document, where every walk begins.
+    Params top() const { return Params(m_document); }
+
+    void create_item(std::string key, std::string value);
+
+    // The field's pair, if the document has the field.
+    void create_item(const std::string& key, const Params& params);
+
+    // The pairs of fields that both directions code alike, in their order. `key_prefix` goes in front of
+    // each flat key.
+    void create_items(
+        std::span<const Field> fields, const Params& params, const std::string& key_prefix = "");
+
+  private:
+    json11::Json m_document;
+    SettingValues m_items;
+};

@@ -1,0 +1,9 @@
+// The document of a channel, and of every item whose driver is not known.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitChannel : public EmitJson {
+  public:
+    Document emitJson() const override;
+};

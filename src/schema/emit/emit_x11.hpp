@@ -1,0 +1,12 @@
+// The document of an x11 output: a channel in a window on an X server.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitX11 : public EmitJson {
+  public:
+    Document emitJson() const override;
+
+  private:
+    std::pair<std::string, json11::Json> x11() const;
+};

@@ -1,0 +1,193 @@
+#include "schema/schema_params.hpp"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+#include "schema/composite_text.hpp"
+
+using json11::Json;
+
+namespace {
+
+const Json NOTHING;
+
+// Null where there is none; also for a place behind the end of an array.
+const Json& child(const Json& json, const std::string& component)
+{
+    if (json.is_object())
+        return json[component];
+    if (json.is_array())
+        return json[static_cast<std::size_t>(std::stoi(component))];
+    return NOTHING;
+}
+
+int cut_to_integer(double number)
+{
+    using Limits = std::numeric_limits<int>;
+    return static_cast<int>(
+        std::clamp(number, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
+}
+
+}  // namespace
+
+bool has_key(const Json& json, const JsonPath& path)
+{
+    const Json* at = &json;
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        if (i > 0 && at->is_null())
+            return false;
+        if (at->is_object() && at->object_items().count(path[i]) == 0)
+            return false;
+        at = &child(*at, path[i]);
+    }
+    return !path.empty();
+}
+
+Json reduce(const Json& json, const JsonPath& path, bool debug)
+{
+    if (path.empty())
+        throw "No key assigned";
+    const Json* at = &json;
+    for (const std::string& component : path) {
+        if (debug)
+            std::printf("%s -> ", component.c_str());
+        at = &child(*at, component);
+    }
+    if (debug)
+        std::printf("%s\n", at->dump().c_str());
+    return *at;
+}
+
+std::string number_text(double number)
+{
+    std::string text = std::to_string(number);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (!text.empty() && text.back() == '.')
+        text.pop_back();
+    return text;
+}
+
+Params& Params::push(std::string component)
+{
+    path.push_back(std::move(component));
+    return *this;
+}
+
+Params& Params::declare(Type type, std::string json_key, std::string default_text)
+{
+    m_type = type;
+    m_default_text = std::move(default_text);
+    return push(std::move(json_key));
+}
+
+Params& Params::string(std::string json_key, std::string default_text)
+{
+    return declare(Type::STRING, std::move(json_key), std::move(default_text));
+}
+
+Params& Params::boolean(std::string json_key, std::string default_text)
+{
+    return declare(Type::BOOLEAN, std::move(json_key), std::move(default_text));
+}
+
+Params& Params::integer(std::string json_key, std::string default_text)
+{
+    return declare(Type::INTEGER, std::move(json_key), std::move(default_text));
+}
+
+Params& Params::number(std::string json_key, std::string default_text)
+{
+    return declare(Type::NUMBER, std::move(json_key), std::move(default_text));
+}
+
+Params& Params::array(std::string json_key)
+{
+    return declare(Type::ARRAY, std::move(json_key), "");
+}
+
+Params& Params::constant(std::string json_key, std::string text)
+{
+    m_const_text = std::move(text);
+    return declare(Type::CONST, std::move(json_key), "");
+}
+
+Params& Params::or_null(std::string text)
+{
+    m_nullable = true;
+    m_null_text = std::move(text);
+    return *this;
+}
+
+std::string Params::default_or(const char* fallback) const
+{
+    return m_default_text.empty() ? fallback : m_default_text;
+}
+
+std::string Params::stringValue() const
+{
+    const Json value = reduce(document, path);
+    if (value.is_null())
+        return m_default_text;
+    return value.is_string() ? value.string_value() : value.dump();
+}
+
+std::string Params::booleanValue() const
+{
+    const Json value = reduce(document, path);
+    if (value.is_null())
+        return default_or("0");
+    return value.bool_value() ? "1" : "0";
+}
+
+std::string Params::integerValue() const
+{
+    const Json value = reduce(document, path);
+    if (value.is_null())
+        return default_or("0");
+    if (value.is_string())
+        return value.string_value();
+    return value.is_number() ? std::to_string(cut_to_integer(value.number_value())) : "0";
+}
+
+std::string Params::numberValue() const
+{
+    const Json value = reduce(document, path);
+    if (value.is_null())
+        return default_or("0");
+    if (value.is_string())
+        return value.string_value();
+    return value.is_number() ? number_text(value.number_value()) : "0";
+}
+
+std::string Params::arrayValue(const std::string& separator) const
+{
+    const Json value = reduce(document, path);
+    std::vector<std::string> parts;
+    for (const Json& member : value.array_items())
+        parts.push_back(member.string_value());
+    return join(parts, separator);
+}
+
+std::string Params::declaredValue() const
+{
+    switch (m_type) {
+    case Type::CONST: return constValue();
+    case Type::STRING: return stringValue();
+    case Type::BOOLEAN: return booleanValue();
+    case Type::NUMBER: return numberValue();
+    case Type::INTEGER: return integerValue();
+    case Type::ARRAY: return arrayValue("/");
+    case Type::NONE: break;
+    }
+    return {};
+}
+
+void Params::debug() const
+{
+    std::printf("\n");
+    for (const std::string& component : path)
+        std::printf("%s -> ", component.c_str());
+    std::printf("\n%s\n", document.dump().c_str());
+}

@@ -1,0 +1,47 @@
+// What the tests of the schemas share: settings in and a document out, and the other way round.
+#pragma once
+
+#include <json11.hpp>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "control/infolist_item.hpp"
+#include "schema/consume_json.hpp"
+
+using Pairs = SettingValues;
+
+// gtest shows a document by its text.
+namespace json11 {
+inline void PrintTo(const Json& json, std::ostream* out)
+{
+    *out << json.dump();
+}
+}  // namespace json11
+
+inline json11::Json parsed(const std::string& text)
+{
+    std::string error;
+    json11::Json json = json11::Json::parse(text, error);
+    return error.empty() ? json : json11::Json("test document is broken: " + error);
+}
+
+// The document of an item with these settings.
+template <typename Emitter> json11::Json emitted(const Pairs& settings)
+{
+    InfoList list;
+    for (const auto& [key, value] : settings)
+        list[key].value = value;
+    Emitter emitter;
+    emitter.add(list);
+    return emitter.emitJson();
+}
+
+// The pairs that a document gives.
+template <typename Consumer> Pairs consumed(const std::string& document)
+{
+    Consumer consumer(document);
+    consumer.createItems();
+    return consumer.items();
+}
