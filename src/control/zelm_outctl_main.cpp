@@ -1,4 +1,6 @@
-int main()
+#include "control/zelm_outctl.hpp"
+
+int main(int argc, char** argv)
 {
-    return 0;
+    return main_wrapper(argc, argv);
 }

@@ -1,0 +1,57 @@
+#include "control/child_process.hpp"
+
+#include <fcntl.h>
+#include <linux/close_range.h>
+#include <unistd.h>
+
+#include "control/run_state.hpp"
+
+void execute(const Arguments& arguments)
+{
+    std::vector<char*> vector;
+    for (const std::string& argument : arguments)
+        vector.push_back(const_cast<char*>(argument.c_str()));
+    vector.push_back(nullptr);
+    ::execv(vector[0], vector.data());
+    ::_exit(1);
+}
+
+void make_standard(int fd, int standard)
+{
+    if (::dup2(fd, standard) < 0)
+        ::_exit(1);
+}
+
+int open_null()
+{
+    const int null = ::open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (null < 0)
+        ::_exit(1);
+    return null;
+}
+
+void keep_standard_descriptors_only()
+{
+    ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+}
+
+bool fork_quietly(const Arguments& arguments)
+{
+    const pid_t child = fork_or_complain();
+    if (child == 0) {
+        const int null = open_null();
+        for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            make_standard(null, standard);
+        keep_standard_descriptors_only();
+        execute(arguments);
+    }
+    return child > 0;
+}
+
+pid_t fork_or_complain()
+{
+    const pid_t child = ::fork();
+    if (child < 0)
+        std::fprintf(stderr_write, "fork failed\n");
+    return child;
+}

@@ -1,0 +1,218 @@
+#include "control/items.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <strings.h>
+#include <sys/stat.h>
+
+#include "control/run_state.hpp"
+#include "platform/metadata.hpp"
+
+namespace {
+
+const std::string CHANNEL_LIST_PATH = "/mnt/main/tv/rendermgr";
+const std::string OUTPUT_LIST_PATH = "/mnt/main/tv/outputs";
+const std::string INPUT_LIST_PATH = "/mnt/main/tv/inputs";
+const std::string ROUTING_LIST_PATH = "/mnt/main/tv/routing";
+
+constexpr InputType INPUT_TYPES[] = {
+    {"video-passthru", "video_passthru"},
+    {"video-passthru-v2", "video_passthru_v2"},
+    {"trigger-rs232", "trigger_rs232"},
+};
+
+constexpr const char* OUTPUT_DRIVERS[] = {
+    "fbdev",
+    "x11",
+    "drmkms",
+    "shoutcast",
+    "oss",
+    "alsa",
+    "pulseaudio",
+    "internet_mpeg",
+    "blackmagic_decklink_sdi",
+    "newtek_ndi",
+    "schedule_push",
+};
+
+bool equals_ignoring_case(std::string_view one, std::string_view other)
+{
+    return one.size() == other.size() && ::strncasecmp(one.data(), other.data(), one.size()) == 0;
+}
+
+Descriptor open_settings(const std::string& item)
+{
+    const std::string path = settings_path(item);
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file)
+        std::fprintf(stderr_write, "%s config does not exist\n", path.c_str());
+    return file;
+}
+
+// The value of the last line of that key. The key comes with its "=".
+std::string last_value(const Descriptor& file, std::string_view key)
+{
+    std::string value;
+    LineReader lines(file.get());
+    for (std::string_view line; lines.next(line);)
+        if (line.starts_with(key))
+            value = line.substr(key.size());
+    return value;
+}
+
+// The driver of an input, from the marker in the first line of its file.
+std::string marked_driver(const Descriptor& file)
+{
+    LineReader lines(file.get());
+    std::string_view line;
+    if (!lines.next(line) || !line.starts_with('#'))
+        return {};
+    line.remove_prefix(line.starts_with("#!") ? 2 : 1);
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    if (const InputType* type = find_input_type(line))
+        return type->driver;
+    std::fprintf(stderr_write, "WARNING: unknown marker '%s'. Did you mean #!video-passthru?\n",
+        std::string(line).c_str());
+    return {};
+}
+
+bool is_regular(const dirent& entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_REG;
+    struct stat state {};
+    return ::fstatat(::dirfd(itemdir.get()), entry.d_name, &state, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISREG(state.st_mode);
+}
+
+bool is_listed(const dirent& entry)
+{
+    const std::string_view name = entry.d_name;
+    return !name.starts_with('.') && is_regular(entry) && !name.ends_with('~') &&
+           (exec_mode != MODE_CHANNELS || is_valid_channel_name(entry.d_name));
+}
+
+}  // namespace
+
+const InputType* find_input_type(std::string_view marker)
+{
+    for (const InputType& type : INPUT_TYPES)
+        if (equals_ignoring_case(marker, type.marker))
+            return &type;
+    return nullptr;
+}
+
+void set_mode_list_path()
+{
+    switch (exec_mode) {
+    case MODE_CHANNELS: mode_list_path = CHANNEL_LIST_PATH; break;
+    case MODE_OUTPUTS: mode_list_path = OUTPUT_LIST_PATH; break;
+    case MODE_INPUTS: mode_list_path = INPUT_LIST_PATH; break;
+    case MODE_ROUTERS: mode_list_path = ROUTING_LIST_PATH; break;
+    case MODE_UNKNOWN: mode_list_path.clear(); break;
+    }
+}
+
+std::string settings_path(const std::string& item)
+{
+    return mode_list_path + "/" + item;
+}
+
+bool find_metadir(const std::string& file, std::string& metadir)
+{
+    char buffer[PATH_MAX + 1];
+    const bool found = metadata_v4_file_to_metadir(buffer, sizeof buffer, file.c_str()) == 0;
+    metadir = buffer;
+    return found;
+}
+
+bool is_item_name(const std::string& name)
+{
+    return !name.empty() && name != "all" && name != "autostart";
+}
+
+bool is_valid_channel_name(const char* name)
+{
+    constexpr std::string_view PREFIX = "channel";
+    const std::string_view text = name;
+    if (!text.starts_with(PREFIX))
+        return false;
+    const std::string_view digits = text.substr(PREFIX.size());
+    return !digits.empty() && digits.size() < 7 && digits.front() != '0' &&
+           digits.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool is_valid_output_driver(const std::string& driver)
+{
+    return std::find(std::begin(OUTPUT_DRIVERS), std::end(OUTPUT_DRIVERS), driver) !=
+           std::end(OUTPUT_DRIVERS);
+}
+
+int read_driver_field(const std::string& item, std::string* driver)
+{
+    driver->clear();
+    if (exec_mode == MODE_CHANNELS)
+        return 0;
+    const Descriptor file = open_settings(item);
+    if (!file)
+        return -1;
+    *driver = exec_mode == MODE_INPUTS ? marked_driver(file) : last_value(file, "driver=");
+    return 0;
+}
+
+int read_driver_daemonize(const std::string& item, bool& autorestart)
+{
+    autorestart = false;
+    const Descriptor file = open_settings(item);
+    if (!file)
+        return -1;
+    autorestart = std::strtol(last_value(file, "autorestart=").c_str(), nullptr, 10) > 0;
+    return 0;
+}
+
+std::string item_argslist_path(const std::string& driver)
+{
+    const std::string directory = "/usr/share/tavorn4/arglist";
+    switch (exec_mode) {
+    case MODE_CHANNELS: return directory + "/zelm_rendermgr.al";
+    case MODE_OUTPUTS: return directory + "/zelm_out_" + driver + ".al";
+    case MODE_INPUTS:
+    case MODE_ROUTERS: return directory + "/zelm_" + driver + ".al";
+    case MODE_UNKNOWN: break;
+    }
+    return {};
+}
+
+int build_itemlist()
+{
+    itemlist.clear();
+    if (!itemdir) {
+        if (mode_list_path.empty())
+            return 1;
+        itemdir.reset(::opendir(mode_list_path.c_str()));
+        if (!itemdir)
+            return 1;
+    }
+    ::rewinddir(itemdir.get());
+    while (const dirent* entry = ::readdir(itemdir.get()))
+        if (is_listed(*entry))
+            itemlist.emplace_back(entry->d_name);
+    std::sort(itemlist.begin(), itemlist.end());
+    return 0;
+}
+
+void skiptospc(const char*& p)
+{
+    while (*p == ' ')
+        ++p;
+    if (*p == '\0')
+        return;
+    while (*p != '\0' && *p != ' ')
+        ++p;
+    while (*p == ' ')
+        ++p;
+}

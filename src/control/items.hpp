@@ -1,0 +1,48 @@
+// Where items live and what they may be called, and the two readers that pick a single line out of a
+// settings file without loading it.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// What "create --type" takes and the first line of an input's file names, and the driver that it means.
+struct InputType {
+    const char* marker;
+    const char* driver;
+};
+// The type with that marker, compared without regard to case, or null.
+const InputType* find_input_type(std::string_view marker);
+
+// Copies the item directory of exec_mode into mode_list_path; empty for an unknown mode.
+void set_mode_list_path();
+
+// The settings file of an item.
+std::string settings_path(const std::string& item);
+
+// The metadir of a settings file, a path for a path and a name for a name. False if it can have none.
+bool find_metadir(const std::string& file, std::string& metadir);
+
+// "", "all" and "autostart" are no items.
+bool is_item_name(const std::string& name);
+
+// "channel1" to "channel999999".
+bool is_valid_channel_name(const char* name);
+
+bool is_valid_output_driver(const std::string& driver);
+
+// The driver word of an item, empty if it has none: the last "driver=" line of an output or router, the
+// marker line of an input, nothing for a channel. 0, or -1 with a message when the file can't be opened.
+int read_driver_field(const std::string& item, std::string* driver);
+
+// The flag "autorestart" of an item. 0, or -1 with a message when the file can't be opened.
+int read_driver_daemonize(const std::string& item, bool& autorestart);
+
+// The manifest of the driver; empty for an unknown mode.
+std::string item_argslist_path(const std::string& driver);
+
+// Fills itemlist with the items of mode_list_path, sorted by bytes. 0, or 1 when the directory can't be
+// listed.
+int build_itemlist();
+
+// Moves over one word and the spaces behind it, onto the next word or the end.
+void skiptospc(const char*& p);

@@ -1,0 +1,63 @@
+#include "control/live_update.hpp"
+
+#include <sys/stat.h>
+
+#include "control/request_packet.hpp"
+#include "platform/time.hpp"
+
+namespace {
+
+constexpr std::uint64_t WAIT_US = 30000000;
+
+CommPacket make_set(const std::string& key, const std::string& value)
+{
+    CommPacket packet = begin_request("set");
+    if (!packet)
+        return nullptr;
+    comm_socket_v4_packet_write_argvf(packet.get(), "%s", key.c_str());
+    comm_socket_v4_packet_write_argvf(packet.get(), "%s", value.c_str());
+    comm_socket_v4_packet_write_end(packet.get());
+    return packet;
+}
+
+// A socket that can't take the packet yet is waited for without limit; one that failed is left.
+void send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
+{
+    while (comm_socket_v4_packet_send_to_server(connection, packet) == 0)
+        comm_socket_v4_wait_for_client_to_server_writeable(connection, monotonic_clock_us() + WAIT_US);
+}
+
+// What the item answers is not looked at; packets that are no answer are passed over.
+void wait_for_answer(comm_socket_v4* connection)
+{
+    const std::uint64_t deadline = monotonic_clock_us() + WAIT_US;
+    for (;;) {
+        comm_socket_v4_client_from_server_readable(connection, deadline);
+        const CommPacket packet(comm_socket_v4_client_get_packet_from_server(connection));
+        if (!packet || is_reply(*packet))
+            return;
+    }
+}
+
+}  // namespace
+
+void send_live_update(const std::string& socket_path, const SettingValues& settings)
+{
+    struct stat state {};
+    if (settings.empty() || ::stat(socket_path.c_str(), &state) != 0 || !S_ISSOCK(state.st_mode))
+        return;
+    const CommSocket connection(comm_socket_v4_create());
+    if (!connection)
+        return;
+    comm_socket_v4_set_connect_timeout(connection.get(), WAIT_US);
+    comm_socket_v4_set_connect_timeout_routine(connection.get(), WAIT_US);
+    if (comm_socket_v4_connect_to(connection.get(), socket_path.c_str()) != 0)
+        return;
+    for (const auto& [key, value] : settings) {
+        const CommPacket packet = make_set(key, value);
+        if (!packet)
+            return;
+        send(connection.get(), packet.get());
+        wait_for_answer(connection.get());
+    }
+}

@@ -1,0 +1,58 @@
+#include "control/print_item.hpp"
+
+#include "control/run_state.hpp"
+
+namespace {
+
+void print_line(std::string& out, std::string_view mark, const std::string& key, std::string_view text)
+{
+    out += '\t';
+    out += mark;
+    out += '\t';
+    out += key;
+    out += '=';
+    out += text;
+    out += '\n';
+}
+
+// The marker stands on the last line; the lines before it say that more follow.
+void print_value(std::string& out, const std::string& key, const infolist_item& item)
+{
+    const std::string_view marker(&item.marker, item.marker == 0 ? 0 : 1);
+    std::string_view left = item.value;
+    const char* mark = "<..";
+    for (std::size_t end = left.find('\n'); end != std::string_view::npos; end = left.find('\n')) {
+        print_line(out, mark, key, left.substr(0, end));
+        left.remove_prefix(end + 1);
+        mark = "...";
+    }
+    print_line(out, marker, key, left);
+}
+
+void print_description(std::string& out, const infolist_item& item)
+{
+    if (!item.desc.empty())
+        out.append(".desc=").append(item.desc).append("\n");
+    if (item.s_flag || item.nogui_flag)
+        out.append(".flags=")
+            .append(item.s_flag ? "!s:" : "")
+            .append(item.nogui_flag ? "!nogui:" : "")
+            .append("\n");
+    if (!item.ui_text.empty())
+        out.append(".ui=").append(item.ui_text).append("\n");
+}
+
+}  // namespace
+
+void print_item(std::string& out, const std::string& name, const InfoList& list)
+{
+    out.append(name).append("{\n");
+    for (const auto& [key, item] : list) {
+        if ((quicksummary || except_quicksummary) && item.quick_summary != quicksummary)
+            continue;
+        print_value(out, key, item);
+        if (show_description)
+            print_description(out, item);
+    }
+    out += "}\n";
+}

@@ -1,0 +1,9 @@
+// The text form of one item in a listing.
+#pragma once
+
+#include <string>
+
+#include "control/infolist_item.hpp"
+
+// Appends the item: its name and "{", the entries that the summary switches leave, and "}".
+void print_item(std::string& out, const std::string& name, const InfoList& list);

@@ -1,0 +1,175 @@
+#include "control/zelm_outctl.hpp"
+
+#include <cassert>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include "control/command_line.hpp"
+#include "control/infolist.hpp"
+#include "control/item_files.hpp"
+#include "control/items.hpp"
+#include "control/list_items.hpp"
+#include "control/output_driver.hpp"
+#include "control/run_state.hpp"
+#include "control/running_state.hpp"
+#include "control/start_item.hpp"
+#include "control/stop_item.hpp"
+#include "control/update_settings.hpp"
+#include "platform/signals.hpp"
+#include "schema/create_consumer.hpp"
+
+namespace {
+
+// A caller may have closed some of the standard descriptors. No file of ours may take such a number, or
+// messages would land in it.
+void open_standard_descriptors()
+{
+    pollfd standard[] = {{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}};
+    if (::poll(standard, std::size(standard), 0) <= 0)
+        return;
+    for (const pollfd& descriptor : standard)
+        if ((descriptor.revents & POLLNVAL) != 0 && ::open("/dev/null", O_RDWR) != descriptor.fd)
+            ::_exit(1);
+}
+
+int complain_of_no_item()
+{
+    std::fprintf(stderr_write, "%s", NO_OUTPUT_SPECIFIED_MESSAGE);
+    return 1;
+}
+
+// What holds for every command. 0, or 1 when the run must end.
+int check_arguments(const char* program)
+{
+    if (exec_mode == MODE_UNKNOWN) {
+        std::fprintf(stderr_write, "Error: I don't recognize '%s'\n", program);
+        return 1;
+    }
+    if (to_what == "..") {
+        std::fprintf(stderr_write, ".. is not a valid name\n");
+        return 1;
+    }
+    if (to_what.find('/') != std::string::npos) {
+        std::fprintf(stderr_write, "forward slashes not allowed in name\n");
+        return 1;
+    }
+    return 0;
+}
+
+int run_set(const std::string& json_text, const SettingValues& settings)
+{
+    if (json_text.empty())
+        return do_set(to_what, settings);
+    // The document takes the place of the pairs, and its driver is never worked out from the item.
+    const std::shared_ptr<JsonConsumer> consumer = createConsumer(json_consume_driver, json_text);
+    consumer->createItems();
+    return do_set(to_what, consumer->items());
+}
+
+int run_status()
+{
+    if (!is_item_name(to_what))
+        return complain_of_no_item();
+    std::string driver = to_what;
+    if ((exec_mode == MODE_OUTPUTS || exec_mode == MODE_ROUTERS) && !read_driver_word(to_what, driver))
+        return 1;
+    const bool runs = is_item_running(to_what, nullptr) != 0;
+    std::fprintf(stdout_write, "Driver %s process is %s\n", driver.c_str(), runs ? "running" : "stopped");
+    return runs ? 0 : 1;
+}
+
+int run_list()
+{
+    std::shared_ptr<EmitJson> emitter;
+    const int result = do_list(emitter);
+    if (wants_json && !name_only) {
+        const json11::Json document = emitter ? emitter->emitJson() : Document{};
+        const std::string text = document.dump() + "\n";
+        std::fwrite(text.data(), 1, text.size(), stdout_write);
+        std::fflush(stdout_write);
+    }
+    return result;
+}
+
+int restart_item(const std::string& item)
+{
+    do_stop_item(item);
+    return do_start_item(item);
+}
+
+// One of stop, start and restart, on one item or, by a pseudo-name, on many. "all" reaches every item,
+// except that a restart of "all" is one of "autostart".
+int run_process_command(int (*act)(const std::string& item))
+{
+    if (to_what.empty())
+        return complain_of_no_item();
+    if (is_item_name(to_what))
+        return act(to_what);
+    if (build_itemlist() != 0)
+        return 1;
+    const bool reaches_all = to_what == "all" && act != restart_item;
+    for (const std::string& item : itemlist) {
+        InfoList list;
+        infolist_load(list, item);
+        if (reaches_all || infolist_get_autostart(list) > 0)
+            act(item);
+    }
+    return 0;
+}
+
+int dispatch(const std::string& json_text, const SettingValues& settings)
+{
+    if (command == "set")
+        return run_set(json_text, settings);
+    if (command == "status")
+        return run_status();
+    if (command == "list")
+        return run_list();
+    if (command == "stop")
+        return run_process_command(do_stop_item);
+    if (command == "start")
+        return run_process_command(do_start_item);
+    if (command == "restart")
+        return run_process_command(restart_item);
+    if (command == "create")
+        return do_create();
+    if (command == "delete")
+        return do_delete();
+    if (command == "rename")
+        return do_rename();
+    if (command == "clone")
+        return do_clone();
+    std::fprintf(stderr_write, "Unknown command %s\n", command.c_str());
+    return 1;
+}
+
+// A caller must not take an answer that was cut short for the whole.
+int flush_output(int result)
+{
+    if (std::fflush(stdout_write) == 0 && std::ferror(stdout_write) == 0)
+        return result;
+    std::fprintf(stderr_write, "Unable to write output, %s\n", std::strerror(errno));
+    return result == 0 ? 1 : result;
+}
+
+}  // namespace
+
+int main_wrapper(int argc, char** argv)
+{
+    assert(argc >= 1);
+    assert(argv[0] != nullptr);
+    open_standard_descriptors();
+    choose_tool(argv[0]);
+    std::string json_text;
+    SettingValues settings;
+    if (parse_argv(argc, argv, json_text, settings) != 0 || check_arguments(argv[0]) != 0)
+        return 1;
+    set_mode_list_path();
+    util_check_and_unmask_common_signals();
+    const int result = dispatch(json_text, settings);
+    itemdir.reset();
+    return flush_output(result);
+}
