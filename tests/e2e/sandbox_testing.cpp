@@ -1,0 +1,141 @@
+#include "e2e/sandbox_testing.hpp"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The sandbox falls back to the real machine where namespaces are refused, so only what the tool starts is
+// ended, and nothing else is touched.
+bool is_of_the_appliance(const std::string& name)
+{
+    return name.starts_with("zelm_") || name.starts_with("tavorn-comm") || name == "daemon" ||
+           name.starts_with("appliance_");
+}
+
+std::string process_name(const fs::path& process)
+{
+    const std::string name = read_file(process / "comm");
+    return name.substr(0, name.find('\n'));
+}
+
+bool end_one_process(const fs::path& process)
+{
+    const std::string id = process.filename();
+    if (id.find_first_not_of("0123456789") != std::string::npos ||
+        !is_of_the_appliance(process_name(process)))
+        return false;
+    ::kill(std::stoi(id), SIGKILL);
+    return true;
+}
+
+// A supervisor may just be starting its process anew, so this looks until nothing is left.
+bool end_all_processes()
+{
+    bool ended_any = false;
+    for (const fs::directory_entry& process : fs::directory_iterator("/proc"))
+        ended_any = end_one_process(process.path()) || ended_any;
+    while (::waitpid(-1, nullptr, WNOHANG) > 0) {
+    }
+    return !ended_any;
+}
+
+int status_of(int raw)
+{
+    return WIFEXITED(raw) ? WEXITSTATUS(raw) : 128 + WTERMSIG(raw);
+}
+
+}  // namespace
+
+Outcome sh(const std::string& command_line)
+{
+    const std::string out = "/run/e2e.out";
+    const std::string err = "/run/e2e.err";
+    // Detached processes may keep the streams open, so they go to files and not through pipes.
+    const std::string redirected = "{ " + command_line + "\n} >" + out + " 2>" + err;
+    const int raw = std::system(redirected.c_str());
+    return {status_of(raw), read_file(out), read_file(err)};
+}
+
+std::string output_of(const std::string& command_line)
+{
+    const Outcome outcome = sh(command_line);
+    EXPECT_EQ(outcome.status, 0) << command_line << "\n" << outcome.out << outcome.err;
+    EXPECT_EQ(outcome.err, "") << command_line;
+    return outcome.out;
+}
+
+void write_file(const std::string& path, const std::string& text)
+{
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
+}
+
+std::string read_file(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool exists(const std::string& path)
+{
+    return fs::symlink_status(path).type() != fs::file_type::not_found;
+}
+
+bool eventually(const std::function<bool()>& condition, std::chrono::milliseconds limit)
+{
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return true;
+}
+
+pid_t pid_of(const std::string& tool, const std::string& item)
+{
+    const std::string listing = sh(tool + " -c list --no-manifest --timeout 1 -o '" + item + "'").out;
+    const std::size_t at = listing.find("\tpid=");
+    return at == std::string::npos ? 0 : std::stoi(listing.substr(at + 5));
+}
+
+pid_t start(const std::string& tool, const std::string& item, const std::string& switches)
+{
+    const Outcome outcome = sh(tool + " -c start -o '" + item + "' " + switches);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_TRUE(eventually([&] { return sh(tool + " -c status -o '" + item + "'").status == 0; }))
+        << item << " did not come up: " << outcome.err;
+    return pid_of(tool, item);
+}
+
+bool is_alive(pid_t pid)
+{
+    const std::string state = read_file("/proc/" + std::to_string(pid) + "/stat");
+    const std::size_t name_end = state.rfind(") ");
+    return name_end != std::string::npos && state[name_end + 2] != 'Z';
+}
+
+void Appliance::clear()
+{
+    EXPECT_TRUE(eventually(end_all_processes));
+    std::error_code ignored;
+    fs::remove_all("/mnt/main", ignored);
+    // The sandbox made the directories; what drivers and tests left in them goes.
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator("/run"))
+        if (!entry.is_directory())
+            fs::remove(entry.path(), ignored);
+    for (const char* directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
+        fs::create_directories(directory);
+}

@@ -1,0 +1,53 @@
+// What the end-to-end tests share. They run inside the sandbox, type command lines as a user would, and
+// look at files, processes and sockets.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <sys/types.h>
+
+// What a command line did. A process that a signal ended has the status 128 and the signal's number.
+struct Outcome {
+    int status;
+    std::string out;
+    std::string err;
+};
+
+// Runs a command line of the shell, with the tools on its path, to its end.
+Outcome sh(const std::string& command_line);
+
+// The standard output of a command line that must succeed and be silent on standard error.
+std::string output_of(const std::string& command_line);
+
+void write_file(const std::string& path, const std::string& text);
+std::string read_file(const std::string& path);  // "" when it can't be read
+bool exists(const std::string& path);            // also a link that leads nowhere
+
+// Polls until the condition holds; false when it doesn't within the time.
+bool eventually(
+    const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(10));
+
+// The process that "list" shows for the item, 0 when it shows none. The tool is one of the four names.
+pid_t pid_of(const std::string& tool, const std::string& item);
+
+// Starts an item and waits until it runs. The test fails if it doesn't.
+pid_t start(const std::string& tool, const std::string& item, const std::string& switches = "");
+
+bool is_alive(pid_t pid);
+
+constexpr char OUTPUTS[] = "/mnt/main/tv/outputs/";
+constexpr char CHANNELS[] = "/mnt/main/tv/rendermgr/";
+constexpr char INPUTS[] = "/mnt/main/tv/inputs/";
+constexpr char ROUTERS[] = "/mnt/main/tv/routing/";
+
+// An appliance without items and without running drivers, before and after each test.
+class Appliance : public testing::Test {
+  protected:
+    void SetUp() override { clear(); }
+    void TearDown() override { clear(); }
+
+  private:
+    static void clear();
+};
