@@ -33,10 +33,7 @@ int mkdir_p(const char* path, unsigned int mode, int /*flags*/)
     if (::mkdir(path, mode) == 0)
         return 0;
     struct stat there {};
-    const bool is_directory = errno == EEXIST && ::stat(path, &there) == 0 && S_ISDIR(there.st_mode);
-    if (is_directory)
-        return 0;
-    return -1;
+    return errno == EEXIST && ::stat(path, &there) == 0 && S_ISDIR(there.st_mode) ? 0 : -1;
 }
 
 int lock_exclusively(int fd)

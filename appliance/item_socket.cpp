@@ -1,0 +1,67 @@
+#include "item_socket.hpp"
+
+#include <cerrno>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include "platform/metadata.hpp"
+#include "platform/socket_io.hpp"
+
+namespace {
+
+constexpr char SHORT_PATHS[] = "/run/item-sockets";
+
+bool remove_entry(const std::string& path)
+{
+    return ::unlink(path.c_str()) == 0 || errno == ENOENT;
+}
+
+bool bind_at(int socket, const std::string& path)
+{
+    SocketAddress at;
+    return remove_entry(path) && at.set(path) &&
+           ::bind(socket, reinterpret_cast<const sockaddr*>(&at.address), at.length) == 0;
+}
+
+}  // namespace
+
+ItemSocket::~ItemSocket()
+{
+    struct stat there {};
+    const bool ours = !m_entry.empty() && ::lstat(m_entry.c_str(), &there) == 0 &&
+                      there.st_dev == m_made.st_dev && there.st_ino == m_made.st_ino;
+    if (ours)
+        ::unlink(m_entry.c_str());
+    if (!m_target.empty())
+        ::unlink(m_target.c_str());
+}
+
+// Drivers of several users share the directory, so that each may make its entry and remove only its own.
+bool ItemSocket::bind_short(const std::string& entry)
+{
+    if (::mkdir(SHORT_PATHS, 01777) == 0)
+        ::chmod(SHORT_PATHS, 01777);
+    m_target = std::string(SHORT_PATHS) + "/" + std::to_string(::getpid());
+    return bind_at(m_listener.get(), m_target) && ::symlink(m_target.c_str(), entry.c_str()) == 0;
+}
+
+bool ItemSocket::listen(const std::string& metadir, int backlog)
+{
+    const std::string entry = metadir + "/" + ACTIVE_SOCKET_ENTRY;
+    m_listener.reset(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!m_listener || !remove_entry(entry))
+        return false;
+    const bool fits = entry.size() < sizeof sockaddr_un::sun_path;
+    const bool bound = fits ? bind_at(m_listener.get(), entry) : bind_short(entry);
+    if (!bound || ::lstat(entry.c_str(), &m_made) != 0)
+        return false;
+    m_entry = entry;
+    return ::listen(m_listener.get(), backlog) == 0;
+}
+
+void ItemSocket::leave()
+{
+    m_entry.clear();
+    m_target.clear();
+}

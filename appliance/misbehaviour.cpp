@@ -1,0 +1,39 @@
+#include "misbehaviour.hpp"
+
+namespace {
+
+struct Switch {
+    const char* key;
+    bool Misbehaviour::*member;
+};
+constexpr Switch SWITCHES[] = {
+    {"sim no accept", &Misbehaviour::no_accept},
+    {"sim ignore sigterm", &Misbehaviour::ignore_sigterm},
+    {"sim leave socket", &Misbehaviour::leave_socket},
+    {"sim never answer", &Misbehaviour::never_answer},
+    {"sim hang up", &Misbehaviour::hang_up},
+    {"sim hang up mid", &Misbehaviour::hang_up_mid},
+    {"sim crash on report", &Misbehaviour::crash_on_report},
+    {"sim odd entries", &Misbehaviour::odd_entries},
+};
+
+struct Amount {
+    const char* key;
+    std::uint64_t Misbehaviour::*member;
+};
+constexpr Amount AMOUNTS[] = {
+    {"sim exit after ms", &Misbehaviour::exit_after_ms},
+    {"sim answer delay ms", &Misbehaviour::answer_delay_ms},
+    {"sim flagged packets", &Misbehaviour::flagged_packets},
+    {"sim big reply bytes", &Misbehaviour::big_reply_bytes},
+};
+
+}  // namespace
+
+Misbehaviour::Misbehaviour(const ItemSettings& settings) : corrupt(setting_text(settings, "sim corrupt"))
+{
+    for (const Switch& each : SWITCHES)
+        this->*each.member = setting_text(settings, each.key) == "1";
+    for (const Amount& each : AMOUNTS)
+        this->*each.member = setting_number(settings, each.key);
+}
