@@ -27,12 +27,6 @@ constexpr const char* METADIR_ENTRIES[] = {
     ACTIVE_SOCKET_ENTRY,
 };
 
-bool is_regular_file(const std::string& path)
-{
-    struct stat state {};
-    return ::lstat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
-}
-
 // A new channel's name must be of the right form; the others are free.
 bool accept_new_name(const std::string& name)
 {
@@ -73,11 +67,8 @@ bool refuse_running_item(const std::string& name)
 // The file may have gone since it was found.
 bool is_still_there(const std::string& name)
 {
-    const std::string path = settings_path(name);
-    if (is_regular_file(path))
-        return true;
-    std::fprintf(stderr_write, "No such output config %s\n", path.c_str());
-    return false;
+    struct stat state {};
+    return stat_settings(settings_path(name), state);
 }
 
 bool is_free_name(const std::string& name)
@@ -92,14 +83,6 @@ bool is_free_name(const std::string& name)
         return false;
     }
     return true;
-}
-
-bool find_metadir_or_complain(const std::string& name, std::string& metadir)
-{
-    if (find_metadir(name, metadir))
-        return true;
-    std::fprintf(stderr_write, "Cannot get metadir\n");
-    return false;
 }
 
 Descriptor open_item_directory()

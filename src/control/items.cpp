@@ -122,11 +122,27 @@ std::string settings_path(const std::string& item)
     return mode_list_path + "/" + item;
 }
 
+bool stat_settings(const std::string& path, struct stat& state)
+{
+    const bool found = ::lstat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
+    if (!found)
+        std::fprintf(stderr_write, "No such output config %s\n", path.c_str());
+    return found;
+}
+
 bool find_metadir(const std::string& file, std::string& metadir)
 {
     char buffer[PATH_MAX + 1];
     const bool found = metadata_v4_file_to_metadir(buffer, sizeof buffer, file.c_str()) == 0;
     metadir = buffer;
+    return found;
+}
+
+bool find_metadir_or_complain(const std::string& file, std::string& metadir)
+{
+    const bool found = find_metadir(file, metadir);
+    if (!found)
+        std::fprintf(stderr_write, "Cannot get metadir\n");
     return found;
 }
 

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 
 // What "create --type" takes and the first line of an input's file names, and the driver that it means.
 struct InputType {
@@ -19,8 +20,13 @@ void set_mode_list_path();
 // The settings file of an item.
 std::string settings_path(const std::string& item);
 
-// The metadir of a settings file, a path for a path and a name for a name. False if it can have none.
+// Is the settings file there, and a file? Said on standard error if not.
+bool stat_settings(const std::string& path, struct stat& state);
+
+// The metadir of a settings file, a path for a path and a name for a name. False if it can have none,
+// which the second one says on standard error.
 bool find_metadir(const std::string& file, std::string& metadir);
+bool find_metadir_or_complain(const std::string& file, std::string& metadir);
 
 // "", "all" and "autostart" are no items.
 bool is_item_name(const std::string& name);

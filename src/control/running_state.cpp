@@ -97,15 +97,9 @@ int is_item_running(const std::string& item, pid_t* pid)
     if (pid)
         *pid = 0;
     struct stat state {};
-    if (::lstat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) {
-        std::fprintf(stderr_write, "No such output config %s\n", path.c_str());
-        return 0;
-    }
     std::string metadir;
-    if (!find_metadir(path, metadir)) {
-        std::fprintf(stderr_write, "Cannot get metadir\n");
+    if (!stat_settings(path, state) || !find_metadir_or_complain(path, metadir))
         return 0;
-    }
     if (::lstat(metadir.c_str(), &state) != 0 || !S_ISDIR(state.st_mode))
         return 0;
     std::string socket = active_socket_path(metadir);

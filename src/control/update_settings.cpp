@@ -59,15 +59,9 @@ int do_set(const std::string& item, const SettingValues& settings)
     }
     const std::string path = settings_path(item);
     struct stat state {};
-    if (::lstat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) {
-        std::fprintf(stderr_write, "No such output config %s\n", path.c_str());
-        return 0;
-    }
     std::string metadir;
-    if (!find_metadir(path, metadir)) {
-        std::fprintf(stderr_write, "Cannot get metadir\n");
+    if (!stat_settings(path, state) || !find_metadir_or_complain(path, metadir))
         return 0;
-    }
     send_live_update(active_socket_path(metadir), settings);
     ::mkdir(metadir.c_str(), 0755);
     rewrite_file(path, metadir, state, settings);
