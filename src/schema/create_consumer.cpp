@@ -1,7 +1,12 @@
 #include "schema/create_consumer.hpp"
 
+#include "schema/consume/consume_blackmagic_videohub.hpp"
 #include "schema/consume/consume_channel.hpp"
 #include "schema/consume/consume_fbdev.hpp"
+#include "schema/consume/consume_knox_rs16x16hb.hpp"
+#include "schema/consume/consume_knox_rs8x8hb.hpp"
+#include "schema/consume/consume_knox_rsii.hpp"
+#include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
 #include "schema/consume/consume_x11.hpp"
 
 namespace {
@@ -15,7 +20,12 @@ constexpr struct {
     const char* driver;
     std::shared_ptr<JsonConsumer> (*make)(const std::string& text);
 } CONSUMERS[] = {
+    {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
     {"fbdev", make<ConsumeFbdev>},
+    {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},
+    {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
+    {"knox_rsii", make<ConsumeKnoxRsii>},
+    {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
     {"x11", make<ConsumeX11>},
 };
 

@@ -1,7 +1,12 @@
 #include "schema/create_emitter.hpp"
 
+#include "schema/emit/emit_blackmagic_videohub.hpp"
 #include "schema/emit/emit_channel.hpp"
 #include "schema/emit/emit_fbdev.hpp"
+#include "schema/emit/emit_knox_rs16x16hb.hpp"
+#include "schema/emit/emit_knox_rs8x8hb.hpp"
+#include "schema/emit/emit_knox_rsii.hpp"
+#include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
 #include "schema/emit/emit_x11.hpp"
 
 namespace {
@@ -15,7 +20,12 @@ constexpr struct {
     const char* driver;
     std::shared_ptr<EmitJson> (*make)();
 } EMITTERS[] = {
+    {"blackmagic_videohub", make<EmitBlackmagicVideohub>},
     {"fbdev", make<EmitFbdev>},
+    {"knox_rs16x16hb", make<EmitKnoxRs16x16hb>},
+    {"knox_rs8x8hb", make<EmitKnoxRs8x8hb>},
+    {"knox_rsii", make<EmitKnoxRsii>},
+    {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
     {"x11", make<EmitX11>},
 };
 
