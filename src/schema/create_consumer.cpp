@@ -7,6 +7,7 @@
 #include "schema/consume/consume_knox_rs8x8hb.hpp"
 #include "schema/consume/consume_knox_rsii.hpp"
 #include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
+#include "schema/consume/consume_trigger_rs232.hpp"
 #include "schema/consume/consume_x11.hpp"
 
 namespace {
@@ -26,6 +27,7 @@ constexpr struct {
     {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
     {"knox_rsii", make<ConsumeKnoxRsii>},
     {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
+    {"trigger_rs232", make<ConsumeTriggerRs232>},
     {"x11", make<ConsumeX11>},
 };
 

@@ -7,6 +7,7 @@
 #include "schema/emit/emit_knox_rs8x8hb.hpp"
 #include "schema/emit/emit_knox_rsii.hpp"
 #include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
+#include "schema/emit/emit_trigger_rs232.hpp"
 #include "schema/emit/emit_x11.hpp"
 
 namespace {
@@ -26,6 +27,7 @@ constexpr struct {
     {"knox_rs8x8hb", make<EmitKnoxRs8x8hb>},
     {"knox_rsii", make<EmitKnoxRsii>},
     {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
+    {"trigger_rs232", make<EmitTriggerRs232>},
     {"x11", make<EmitX11>},
 };
 

@@ -1,0 +1,10 @@
+// Settings of an RS-232 trigger from its document.
+#pragma once
+
+#include "schema/consume_json.hpp"
+
+class ConsumeTriggerRs232 : public JsonConsumer {
+  public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override;
+};
