@@ -8,6 +8,8 @@
 #include "schema/consume/consume_knox_rsii.hpp"
 #include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
 #include "schema/consume/consume_trigger_rs232.hpp"
+#include "schema/consume/consume_video_passthru.hpp"
+#include "schema/consume/consume_video_passthru_v2.hpp"
 #include "schema/consume/consume_x11.hpp"
 
 namespace {
@@ -28,6 +30,8 @@ constexpr struct {
     {"knox_rsii", make<ConsumeKnoxRsii>},
     {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<ConsumeTriggerRs232>},
+    {"video_passthru", make<ConsumeVideoPassthru>},
+    {"video_passthru_v2", make<ConsumeVideoPassthruV2>},
     {"x11", make<ConsumeX11>},
 };
 

@@ -8,6 +8,8 @@
 #include "schema/emit/emit_knox_rsii.hpp"
 #include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
 #include "schema/emit/emit_trigger_rs232.hpp"
+#include "schema/emit/emit_video_passthru.hpp"
+#include "schema/emit/emit_video_passthru_v2.hpp"
 #include "schema/emit/emit_x11.hpp"
 
 namespace {
@@ -28,6 +30,8 @@ constexpr struct {
     {"knox_rsii", make<EmitKnoxRsii>},
     {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<EmitTriggerRs232>},
+    {"video_passthru", make<EmitVideoPassthru>},
+    {"video_passthru_v2", make<EmitVideoPassthru2>},
     {"x11", make<EmitX11>},
 };
 

@@ -1,0 +1,10 @@
+// Settings of a video passthrough input, version 2 from its document.
+#pragma once
+
+#include "schema/consume_json.hpp"
+
+class ConsumeVideoPassthruV2 : public JsonConsumer {
+  public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override;
+};

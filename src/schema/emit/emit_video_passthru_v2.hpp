@@ -1,0 +1,9 @@
+// The document of a video passthrough input, version 2.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitVideoPassthru2 : public EmitJson {
+  public:
+    Document emitJson() const override;
+};
