@@ -49,7 +49,6 @@ std::string JsonEmitterItem::flatten_json_key(
 
 void EmitJson::add(const InfoList& list)
 {
-    m_items.reserve(m_items.size() + list.size());
     for (const auto& [key, item] : list)
         m_items.push_back({item, key});
 }
