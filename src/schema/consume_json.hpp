@@ -36,8 +36,8 @@ class JsonConsumer {
     const Document& document() const { return m_document.object_items(); }
     const SettingValues& items() const { return m_items; }
 
-    // The pair of a field, whose value is empty for a null that the field takes. ("", "") if the
-    // document lacks it.
+    // The pair of a field; a null that the field takes gives its null text. ("", "") if the document
+    // lacks it.
     static std::pair<std::string, std::string> parse_item(const std::string& key, const Params& params);
 
     // Builders of composite texts.

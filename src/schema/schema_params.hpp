@@ -14,7 +14,8 @@
 using JsonPath = std::vector<std::string>;
 
 // Whether the document holds the path. A member that holds null exists; so does any name one level below
-// a scalar. An empty path does not.
+// a scalar, and any place in an array, also behind its end. An empty path does not. Both walks let the
+// exceptions of std::stoi through where an array meets a component that is no number.
 bool has_key(const json11::Json& json, const JsonPath& path);
 
 // What stands at the path, null if nothing does. An empty path throws the C string "No key assigned".
