@@ -39,8 +39,9 @@ std::string JsonEmitterItem::flatten_json_key(
 {
     if (prefix == target)
         return json.dump();
+    const std::string above = prefix + ".";
     for (const auto& [name, member] : json.object_items()) {
-        std::string found = flatten_json_key(target, prefix + "." + name, member);
+        std::string found = flatten_json_key(target, above + name, member);
         if (!found.empty())
             return found;
     }
