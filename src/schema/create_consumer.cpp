@@ -3,6 +3,7 @@
 #include "schema/consume/consume_blackmagic_videohub.hpp"
 #include "schema/consume/consume_channel.hpp"
 #include "schema/consume/consume_fbdev.hpp"
+#include "schema/consume/consume_internet_mpeg.hpp"
 #include "schema/consume/consume_knox_rs16x16hb.hpp"
 #include "schema/consume/consume_knox_rs8x8hb.hpp"
 #include "schema/consume/consume_knox_rsii.hpp"
@@ -25,6 +26,7 @@ constexpr struct {
 } CONSUMERS[] = {
     {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
     {"fbdev", make<ConsumeFbdev>},
+    {"internet_mpeg", make<ConsumeInternetMpeg>},
     {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
     {"knox_rsii", make<ConsumeKnoxRsii>},

@@ -3,6 +3,7 @@
 #include "schema/emit/emit_blackmagic_videohub.hpp"
 #include "schema/emit/emit_channel.hpp"
 #include "schema/emit/emit_fbdev.hpp"
+#include "schema/emit/emit_internet_mpeg.hpp"
 #include "schema/emit/emit_knox_rs16x16hb.hpp"
 #include "schema/emit/emit_knox_rs8x8hb.hpp"
 #include "schema/emit/emit_knox_rsii.hpp"
@@ -25,6 +26,7 @@ constexpr struct {
 } EMITTERS[] = {
     {"blackmagic_videohub", make<EmitBlackmagicVideohub>},
     {"fbdev", make<EmitFbdev>},
+    {"internet_mpeg", make<EmitInternetMpeg>},
     {"knox_rs16x16hb", make<EmitKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<EmitKnoxRs8x8hb>},
     {"knox_rsii", make<EmitKnoxRsii>},
