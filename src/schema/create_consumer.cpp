@@ -7,6 +7,7 @@
 #include "schema/consume/consume_knox_rs16x16hb.hpp"
 #include "schema/consume/consume_knox_rs8x8hb.hpp"
 #include "schema/consume/consume_knox_rsii.hpp"
+#include "schema/consume/consume_shout_cast.hpp"
 #include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
 #include "schema/consume/consume_trigger_rs232.hpp"
 #include "schema/consume/consume_video_passthru.hpp"
@@ -30,6 +31,7 @@ constexpr struct {
     {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
     {"knox_rsii", make<ConsumeKnoxRsii>},
+    {"shoutcast", make<ConsumeShoutCast>},
     {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<ConsumeTriggerRs232>},
     {"video_passthru", make<ConsumeVideoPassthru>},

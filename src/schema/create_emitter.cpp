@@ -7,6 +7,7 @@
 #include "schema/emit/emit_knox_rs16x16hb.hpp"
 #include "schema/emit/emit_knox_rs8x8hb.hpp"
 #include "schema/emit/emit_knox_rsii.hpp"
+#include "schema/emit/emit_shout_cast.hpp"
 #include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
 #include "schema/emit/emit_trigger_rs232.hpp"
 #include "schema/emit/emit_video_passthru.hpp"
@@ -30,6 +31,7 @@ constexpr struct {
     {"knox_rs16x16hb", make<EmitKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<EmitKnoxRs8x8hb>},
     {"knox_rsii", make<EmitKnoxRsii>},
+    {"shoutcast", make<EmitShoutCast>},
     {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<EmitTriggerRs232>},
     {"video_passthru", make<EmitVideoPassthru>},
