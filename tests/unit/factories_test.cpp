@@ -26,9 +26,11 @@ TEST(Factories, EveryDriverWordGetsItsClassesAndOthersTheChannels)
     } cases[] = {
         {"blackmagic_videohub", "EmitBlackmagicVideohub", "ConsumeBlackmagicVideohub"},
         {"fbdev", "EmitFbdev", "ConsumeFbdev"},
+        {"internet_mpeg", "EmitInternetMpeg", "ConsumeInternetMpeg"},
         {"knox_rs16x16hb", "EmitKnoxRs16x16hb", "ConsumeKnoxRs16x16hb"},
         {"knox_rs8x8hb", "EmitKnoxRs8x8hb", "ConsumeKnoxRs8x8hb"},
         {"knox_rsii", "EmitKnoxRsii", "ConsumeKnoxRsii"},
+        {"shoutcast", "EmitShoutCast", "ConsumeShoutCast"},
         {"sierra_video_aspen_hdsdi", "EmitSierraVideoAspenHdsdi", "ConsumeSierraVideoAspenHdsdi"},
         {"trigger_rs232", "EmitTriggerRs232", "ConsumeTriggerRs232"},
         {"video_passthru", "EmitVideoPassthru", "ConsumeVideoPassthru"},
