@@ -22,7 +22,10 @@ bool read_item_settings(const std::string& path, ItemSettings& settings)
         const std::string key(line.substr(0, equals));
         std::string& value = settings[key];
         const bool goes_on = multiline && has_last && key == last_key && !value.empty();
-        value = goes_on ? value + "\n" : std::string();
+        if (goes_on)
+            value += '\n';
+        else
+            value.clear();
         value += line.substr(equals + 1);
         last_key = key;
         has_last = true;

@@ -103,7 +103,8 @@ Reader::Argument Reader::argument(std::size_t index) const
 {
     if (index >= arguments())
         return {};
-    const std::uint64_t at = std::uint64_t{load<std::uint32_t>(m_bytes.data() + TABLE_AT)} + index * ENTRY_SIZE;
+    const std::uint64_t at =
+        std::uint64_t{load<std::uint32_t>(m_bytes.data() + TABLE_AT)} + index * ENTRY_SIZE;
     if (at < HEADER_SIZE || at + ENTRY_SIZE > m_bytes.size())
         return {};
     const unsigned char* entry = m_bytes.data() + at;
