@@ -1,0 +1,171 @@
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/comm.hpp"
+#include "platform/packet.hpp"
+#include "platform/socket_io.hpp"
+#include "platform/time.hpp"
+#include "temporary_directory.hpp"
+
+namespace {
+
+using Bytes = std::vector<unsigned char>;
+
+Descriptor listen_at(const std::string& path, int backlog = 8)
+{
+    Descriptor listener(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
+    SocketAddress at;
+    const bool listens = at.set(path) &&
+                         ::bind(listener.get(), reinterpret_cast<sockaddr*>(&at.address), at.length) == 0 &&
+                         ::listen(listener.get(), backlog) == 0;
+    return listens ? std::move(listener) : Descriptor();
+}
+
+struct Pair {
+    Pair()
+    {
+        int ends[2];
+        if (::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends) == 0) {
+            near.reset(ends[0]);
+            far.reset(ends[1]);
+        }
+    }
+    Descriptor near, far;
+};
+
+TEST(SocketAddress, PathOfAnyLengthCanBeBoundAndConnected)
+{
+    const TemporaryDirectory directory;
+    const std::string deep = directory / std::string(120, 'd');
+    ASSERT_EQ(mkdir_p(deep.c_str(), 0755, -1), 0);
+    // The longest path that an address holds with its NUL, the first that it doesn't, and a long one.
+    const std::size_t room = sizeof(sockaddr_un::sun_path) - (directory / "").size();
+    for (const std::string& path :
+        {directory / std::string(room - 1, 'a'), directory / std::string(room, 'b'), deep + "/socket"}) {
+        SCOPED_TRACE(path.size());
+        const Descriptor listener = listen_at(path);
+        ASSERT_TRUE(listener);
+        struct stat made {};
+        EXPECT_TRUE(::stat(path.c_str(), &made) == 0 && S_ISSOCK(made.st_mode));
+        const CommSocket client(comm_socket_v4_create());
+        EXPECT_EQ(comm_socket_v4_connect_to(client.get(), path.c_str()), 0);
+    }
+}
+
+TEST(SocketAddress, UnusablePathsAreRefused)
+{
+    const TemporaryDirectory directory;
+    const std::pair<std::string, int> cases[] = {
+        {"", ENOENT},
+        {directory / "missing/" + std::string(110, 'n'), ENOENT},
+        {directory / std::string(150, 'n'), ENAMETOOLONG},
+    };
+    for (const auto& [path, error] : cases) {
+        SocketAddress address;
+        EXPECT_FALSE(address.set(path)) << path;
+        EXPECT_EQ(errno, error) << path;
+    }
+}
+
+TEST(CommSocket, ConnectToAFullBacklogEndsWithItsTimeLimit)
+{
+    const TemporaryDirectory directory;
+    const Descriptor listener = listen_at(directory / "s", 0);
+    ASSERT_TRUE(listener);
+    const CommSocket first(comm_socket_v4_create());
+    ASSERT_EQ(comm_socket_v4_connect_to(first.get(), (directory / "s").c_str()), 0);
+    const std::pair<std::int64_t, std::int64_t> limits[] = {{50000, 30000000}, {0, 50000}, {-1, 30000000}};
+    for (const auto& [limit, routine] : limits) {
+        const CommSocket second(comm_socket_v4_create());
+        comm_socket_v4_set_connect_timeout(second.get(), limit);
+        comm_socket_v4_set_connect_timeout_routine(second.get(), routine);
+        const std::uint64_t begun = monotonic_clock_us();
+        EXPECT_EQ(comm_socket_v4_connect_to(second.get(), (directory / "s").c_str()), -1);
+        const std::uint64_t took = monotonic_clock_us() - begun;
+        EXPECT_LT(took, 10000000U) << limit;
+        EXPECT_GE(took, limit < 0 ? 0U : 40000U) << limit;
+    }
+}
+
+TEST(CommSocket, ReplySentBeforeHangingUpIsStillRead)
+{
+    const TemporaryDirectory directory;
+    const Descriptor listener = listen_at(directory / "s");
+    const CommSocket client(comm_socket_v4_create());
+    ASSERT_EQ(comm_socket_v4_connect_to(client.get(), (directory / "s").c_str()), 0);
+    Descriptor server(::accept(listener.get(), nullptr, nullptr));
+    packet::Writer writer;
+    writer.begin("report", packet::FLAG_EVENT, 42);
+    writer.add("*key", "value");
+    writer.finish();
+    ASSERT_GT(send_packet(server.get(), {}), 0);
+    ASSERT_GT(send_packet(server.get(), writer.bytes()), 0);
+    server.reset();
+    EXPECT_EQ(comm_socket_v4_idle(client.get()), 0);
+    // The empty packet says nothing, and does not hide what follows it.
+    EXPECT_EQ(comm_socket_v4_client_get_packet_from_server(client.get()), nullptr);
+    EXPECT_EQ(comm_socket_v4_idle(client.get()), 0);
+    const CommPacket reply(comm_socket_v4_client_get_packet_from_server(client.get()));
+    ASSERT_TRUE(reply);
+    EXPECT_EQ(reply->flags, packet::FLAG_EVENT);
+    EXPECT_EQ(reply->sequence, 42U);
+    EXPECT_STREQ(comm_socket_v4_packet_entry(reply.get(), 0).value, "value");
+    EXPECT_LT(comm_socket_v4_idle(client.get()), 0);
+}
+
+TEST(SocketIo, EmptyPacketsDoNotKeepTheSocketReadable)
+{
+    const Pair pair;
+    Bytes received;
+    ASSERT_EQ(::send(pair.far.get(), "", 0, 0), 0);
+    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::NOTHING_YET);
+    pollfd waited{pair.near.get(), POLLIN, 0};
+    EXPECT_EQ(::poll(&waited, 1, 0), 0);
+}
+
+TEST(SocketIo, EmptyPacketIsNotTakenForTheEnd)
+{
+    Pair pair;
+    Bytes received;
+    ASSERT_EQ(::send(pair.far.get(), "", 0, 0), 0);
+    ASSERT_EQ(::send(pair.far.get(), "x", 1, 0), 1);
+    pair.far.reset();
+    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::NOTHING_YET);
+    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::PACKET);
+    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::HUNG_UP);
+}
+
+TEST(SocketIo, PacketsOfAnySizeArriveWhole)
+{
+    const Pair pair;
+    EXPECT_EQ(send_packet(pair.near.get(), Bytes(1)), 1);
+    Bytes received;
+    EXPECT_EQ(receive_packet(pair.far.get(), received), Received::PACKET);
+    EXPECT_EQ(received.size(), 1U);
+    for (const std::size_t size : {4095U, 4097U, 100000U, 400000U}) {
+        Bytes sent(size);
+        for (std::size_t i = 0; i < size; ++i)
+            sent[i] = static_cast<unsigned char>(i * 31);
+        ASSERT_EQ(send_packet(pair.near.get(), sent), 1) << size;
+        ASSERT_EQ(receive_packet(pair.far.get(), received), Received::PACKET) << size;
+        EXPECT_TRUE(received == sent) << size;
+    }
+}
+
+TEST(SocketIo, SendingNeverWaitsAndNeverKillsTheSender)
+{
+    Pair pair;
+    int sent = 1;
+    for (int i = 0; i < 100000 && sent > 0; ++i)
+        sent = send_packet(pair.near.get(), Bytes(1000));
+    EXPECT_EQ(sent, 0) << "a peer that reads nothing";
+    pair.far.reset();
+    EXPECT_LT(send_packet(pair.near.get(), Bytes(1)), 0) << "a peer that has gone";
+    Bytes received;
+    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::HUNG_UP);
+}
+
+}  // namespace
