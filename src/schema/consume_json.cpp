@@ -4,22 +4,6 @@
 
 using json11::Json;
 
-std::string map_string(const std::string& text, WordPairs pairs)
-{
-    for (const auto& [from, to] : pairs)
-        if (text == from)
-            return to;
-    return text;
-}
-
-std::string reverse_map_string(const std::string& text, WordPairs pairs)
-{
-    for (const auto& [to, from] : pairs)
-        if (text == from)
-            return to;
-    return text;
-}
-
 JsonConsumer::JsonConsumer(const std::string& text)
 {
     std::string error;

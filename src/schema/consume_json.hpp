@@ -5,7 +5,6 @@
 // document changes only what it names. Nothing is rejected.
 #pragma once
 
-#include <initializer_list>
 #include <span>
 #include <string>
 #include <utility>
@@ -14,16 +13,10 @@
 #include "schema/document.hpp"
 #include "schema/field.hpp"
 #include "schema/schema_params.hpp"
+#include "schema/word_pairs.hpp"
 
 // Pairs of flat key and value in the order in which a set applies them; duplicates stay.
 using SettingValues = std::vector<std::pair<std::string, std::string>>;
-
-// The words of a document beside the words of a settings file.
-using WordPairs = std::initializer_list<std::pair<const char*, const char*>>;
-
-// The second word of the pair whose first is `text`, or the text itself; and the other way round.
-std::string map_string(const std::string& text, WordPairs pairs);
-std::string reverse_map_string(const std::string& text, WordPairs pairs);
 
 class JsonConsumer {
   public:
