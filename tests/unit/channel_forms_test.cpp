@@ -1,0 +1,308 @@
+// The channel's members with a grammar of their own, and the places where its two directions differ.
+#include "schema/consume/consume_channel.hpp"
+#include "schema/emit/emit_channel.hpp"
+
+#include <gtest/gtest.h>
+#include <stdexcept>
+
+#include "schema/composite_text.hpp"
+#include "schema/region_defs.hpp"
+#include "unit/schema_testing.hpp"
+
+namespace {
+
+using json11::Json;
+
+constexpr char NOTHING[] = "(nothing written)";
+
+// What the document leaves in the flat key.
+std::string written(const std::string& document, const std::string& flat_key)
+{
+    std::string text = NOTHING;
+    for (const auto& [key, value] : consumed<ConsumerChannel>(document))
+        if (key == flat_key)
+            text = value;
+    return text;
+}
+
+TEST(ChannelForms, AFlatTextItsMemberAndTheFlatTextAgain)
+{
+    const struct {
+        const char* flat_key;
+        const char* path;
+        struct {
+            const char* flat;
+            const char* json;
+            const char* back;
+        } forms[8];
+    } members[] = {
+        {"expiration delay", "behavior.expirationDelay",
+            {
+                {"", "{}", NOTHING},
+                {"2s", R"({"count": 2, "units": "seconds"})", "2s"},
+                {"90f", R"({"count": 90, "units": "frames"})", "90f"},
+                {"15", R"({"count": 1, "units": "5"})", "15"},
+                {"5", R"({"count": 0, "units": "5"})", "05"},
+                {"0.1s", R"({"count": 0.1, "units": "seconds"})", "0.10000000000000001s"},
+            }},
+        {"system delay", "behavior.systemDelay",
+            {
+                {"", "{}", "1s"},
+                {"0.5s", R"({"count": 0.5, "units": "seconds"})", "0.5s"},
+                {"xf", R"({"count": 0, "units": "frames"})", "0f"},
+            }},
+        {"reporting", "reporting.service",
+            {
+                {"", "null", "/"},
+                {"/var/run/reporting-json", R"(["var", "run", "reporting-json"])", "/var/run/reporting-json"},
+                {"/x", R"(["x"])", "/x"},
+                {"/", R"([""])", "/"},
+                {"var/run", R"(["run"])", "/run"},
+                {"var", "[]", "/"},
+                {"/a//b/", R"(["a", "", "b", ""])", "/a//b/"},
+            }},
+        {"audio normalizer map mode", "audio.normalizer.filters.mapping",
+            {
+                {"linear", R"({"mode": "linear"})", "linear"},
+                {"decibel", R"({"mode": "linear"})", "linear"},
+                {"decibelm5", R"({"mode": "decibel", "intensity": 5})", "decibelm5"},
+                {"decibelm", R"({"mode": "decibel", "intensity": 0})", "decibelm0"},
+                {"decibelmx", R"({"mode": "decibel", "intensity": 0})", "decibelm0"},
+            }},
+        {"audio meter", "audio.meter",
+            {
+                {"-12.5", "[]", NOTHING},
+                {"-inf,-inf", R"(["Number.NEGATIVE_INFINITY", "Number.NEGATIVE_INFINITY"])", NOTHING},
+                {"-12.5, -inf", R"([-12.5, "Number.NEGATIVE_INFINITY"])", NOTHING},
+            }},
+        {"video aspect ratio", "video.aspect",
+            {
+                {"", "{}", NOTHING},
+                {"16:9", R"({"width": 16, "height": 9})", "16:9"},
+                {"16/9", R"({"width": 16, "height": 9})", "16:9"},
+                {"x:", R"({"width": 0, "height": 0})", "0:0"},
+            }},
+        {"video rate", "video.rate",
+            {
+                {"", "null", "30000:1001li bff"},
+                {"60000/1001p", R"({"numerator": 60000, "denominator": 1001, "kind": "progressive"})",
+                    "60000:1001p"},
+                {"25:1p", R"({"numerator": 25, "denominator": 1, "kind": "progressive"})", "25:1p"},
+                {"30000:1001li tff",
+                    R"({"numerator": 30000, "denominator": 1001, "kind": "interlaced top-field-first"})",
+                    "30000:1001li tff"},
+                {"30000/1001",
+                    R"({"numerator": 30000, "denominator": 1001, "kind": "interlaced bottom-field-first"})",
+                    "30000:1001li bff"},
+                {"30000/1001i tff",
+                    R"({"numerator": 30000, "denominator": 1001, "kind": "interlaced bottom-field-first"})",
+                    "30000:1001li bff"},
+                {"30000:1001weird",
+                    R"({"numerator": 30000, "denominator": 1001, "kind": "interlaced bottom-field-first"})",
+                    "30000:1001li bff"},
+            }},
+        {"eia-608 render captions", "caption.renderEia608",
+            {{"", "null", "None"}, {"None", "null", "None"}, {"TEXT4", R"("TEXT4")", "TEXT4"}}},
+        {"main layer", "regions.main",
+            {
+                {"item", R"({"kind": "item"})", "item"},
+                {"urgent", R"({"kind": "urgent"})", "urgent"},
+                {"music", R"({"kind": "music"})", "music"},
+                {"text", R"({"kind": "alerts", "part": "text"})", "text"},
+                {"media", R"({"kind": "alerts", "part": "media"})", "media"},
+                {"3", R"({"kind": "global", "index": "3"})", "3"},
+                {"", R"({"kind": "global", "index": ""})", ""},
+            }},
+        {"urgent size", "regions.urgent.video.geometry.size",
+            {
+                {"50 33.5", R"({"width": 50, "height": 33.5})", "50 33.5"},
+                {"50", R"({"width": 50, "height": 0})", "50 0"},
+                {"50  20", R"({"width": 50, "height": 0})", "50 0"},
+                {"x y", R"({"width": 0, "height": 0})", "0 0"},
+            }},
+        {"eas av position", "regions.alerts.media.video.geometry.position",
+            {{"10 -20", R"({"x": 10, "y": -20})", "10 -20"}}},
+        {"urgent align", "regions.urgent.video.align",
+            {
+                {"top left", R"({"vertical": "top", "horizontal": "left"})", "top left"},
+                {"top", R"({"vertical": "top", "horizontal": "center"})", "top center"},
+                {" right", R"({"vertical": "center", "horizontal": "right"})", "center right"},
+            }},
+        {"background music default policy", "regions.music.policy",
+            {
+                {"if no audio", R"("if-no-audio")", "if-no-audio"},
+                {"if-no-audio", R"("if-no-audio")", "if-no-audio"},
+                {"always", R"("always")", "always"},
+                {"if no", R"("if no")", "if no"},
+            }},
+    };
+    for (const auto& member : members) {
+        for (const auto& form : member.forms) {
+            if (!form.flat)
+                break;
+            const Json document = emitted<EmitChannel>({{member.flat_key, form.flat}});
+            EXPECT_EQ(reduce(document, split(member.path, ".")), parsed(form.json))
+                << member.flat_key << "=" << form.flat;
+            const Document alone = EmitJson::set({}, member.path, parsed(form.json));
+            EXPECT_EQ(written(Json(alone).dump(), member.flat_key), form.back) << member.path << form.json;
+        }
+    }
+}
+
+TEST(ChannelForms, WhatADocumentLeavesInAFlatKey)
+{
+    const struct {
+        const char* flat_key;
+        const char* document;
+        const char* text;
+    } cases[] = {
+        // A delay: the expiration needs both members, the system delay only the object.
+        {"expiration delay", R"({"behavior": {"expirationDelay": {"count": 3}}})", NOTHING},
+        {"expiration delay", R"({"behavior": {"expirationDelay": {"units": "frames"}}})", NOTHING},
+        {"expiration delay", R"({"behavior": {"expirationDelay": null}})", NOTHING},
+        {"expiration delay", R"({"behavior": {"expirationDelay": {"count": null, "units": "frames"}}})",
+            "0.500000f"},
+        {"expiration delay", R"({"behavior": {"expirationDelay": {"count": "7", "units": null}}})", "7s"},
+        {"system delay", R"({"behavior": {"systemDelay": {"count": 3}}})", "3s"},
+        {"system delay", R"({"behavior": {"systemDelay": {"units": "frames"}}})", "1f"},
+        {"system delay", R"({"behavior": {"systemDelay": {"count": 2, "units": "weeks"}}})", "2weeks"},
+        {"system delay", R"({"behavior": {"systemDelay": null}})", "1s"},
+
+        {"last report", R"({"reporting": {"lastReport": "noon"}})", "noon"},
+        {"realtime status", R"({"reporting": {"lastReport": "noon"}})", NOTHING},
+
+        // The passes: a null limit keeps what is stored.
+        {"audio normalizer upper level 2=", R"({"audio": {"normalizer": {"passes": [{"upper": -1}]}}})",
+            NOTHING},
+        {"audio normalizer minimum level", R"({"audio": {"normalizer": {"passes": [{"minimum": null}]}}})",
+            "-24"},
+        {"audio normalizer lower level", R"({"audio": {"normalizer": {"passes": [{"lower": null}]}}})", "-6"},
+        {"audio normalizer upper level", R"({"audio": {"normalizer": {"passes": [{"upper": null}]}}})", "-3"},
+        {"audio normalizer upper level 2=", R"({"audio": {"normalizer": {"passes": [{}, {"upper": null}]}}})",
+            "-3"},
+        {"audio normalizer hard limit level", R"({"audio": {"normalizer": {"passes": [{"maximum": null}]}}})",
+            NOTHING},
+        {"audio normalizer hard limit level 2=",
+            R"({"audio": {"normalizer": {"passes": [{}, {"maximum": null}]}}})", NOTHING},
+
+        {"audio normalizer map mode",
+            R"({"audio": {"normalizer": {"filters": {"mapping": {"mode": null}}}}})", "linear"},
+        {"audio normalizer map mode",
+            R"({"audio": {"normalizer": {"filters": {"mapping": {"intensity": 5}}}}})", NOTHING},
+        {"audio normalizer map mode",
+            R"({"audio": {"normalizer": {"filters": {"mapping": {"mode": "cubic", "intensity": 5}}}}})",
+            "decibelm5"},
+
+        // The aspect needs both members, the rate none.
+        {"video aspect ratio", R"({"video": {"aspect": {"height": 9}}})", NOTHING},
+        {"video aspect ratio", R"({"video": {"aspect": {"width": 16}}})", NOTHING},
+        {"video aspect ratio", R"({"video": {"aspect": {"width": null, "height": null}}})", "4:3"},
+        {"video rate", R"({"video": {"rate": {}}})", "30000:1001li bff"},
+        {"video rate", R"({"video": {"rate": {"denominator": 1, "kind": "weird"}}})", "30000:1weird"},
+
+        {"eia-608 to cea-708 conversion", R"({"caption": {"conversion": {"enable": true}}})", NOTHING},
+        {"eia-608 to cea-708 conversion", R"({"caption": {"conversion": {"force": true}}})", NOTHING},
+        {"eia-608 to cea-708 conversion", R"({"caption": {"conversion": {"enable": null, "force": null}}})",
+            "-1"},
+
+        {"main layer", R"({"regions": {"main": {}}})", NOTHING},
+        {"main layer", R"({"regions": {"main": {"kind": null}}})", "item"},
+        {"main layer", R"({"regions": {"main": {"kind": "alerts"}}})", ""},
+        {"main layer", R"({"regions": {"main": {"kind": "global"}}})", "0"},
+        {"main layer", R"({"regions": {"main": {"kind": "global", "index": 3.9}}})", "3"},
+        {"main layer", R"({"regions": {"main": {"kind": "item 1"}}})", NOTHING},
+
+        {"item size", R"({"regions": {"item": {"video": {"geometry": {"size": {"width": "a"}}}}}})", "a 0"},
+        {"item position", R"({"regions": {"item": {"video": {"geometry": {"position": null}}}}})", "0 0"},
+        {"item position", R"({"regions": {"item": {"video": {"geometry": {}}}}})", NOTHING},
+        {"item align", R"({"regions": {"item": {"video": {}}}})", "center center"},
+        {"item align", R"({"regions": {"item": {"video": {"align": {"horizontal": "left"}}}}})",
+            "center left"},
+        {"item align", R"({"regions": {"item": {"audio": {}}}})", NOTHING},
+
+        // The array of the global items ends at the first null, and at the eighth.
+        {"global item 2 enable", R"({"regions": {"global": [{}, {"enable": true}]}})", "1"},
+        {"global item 2 enable", R"({"regions": {"global": [null, {"enable": true}]}})", NOTHING},
+        {"global item 9 enable",
+            R"({"regions": {"global": [{}, {}, {}, {}, {}, {}, {}, {}, {"enable": true}]}})", NOTHING},
+        {"global item 1 enable", R"({"regions": {"global": {"0": {"enable": true}}}})", NOTHING},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(written(row.document, row.flat_key), row.text) << row.flat_key << " of " << row.document;
+}
+
+TEST(ChannelForms, TheLastReportShowsTheRealtimeStatus)
+{
+    const Json document = emitted<EmitChannel>({{"last report", "noon"}, {"realtime status", "late"}});
+    EXPECT_EQ(document["reporting"]["lastReport"], Json("late"));
+    EXPECT_EQ(document["debug"]["realtimeStatus"], Json("late"));
+}
+
+TEST(ChannelForms, OneSwitchConvertsCaptionsInThreePositions)
+{
+    const struct {
+        const char* flat;
+        bool enable;
+        bool force;
+        const char* back;
+    } cases[] = {
+        {"-1", true, false, "-1"},
+        {"0", false, false, "0"},
+        {"1", true, true, "1"},
+        {"", true, true, "1"},
+        {"2", true, true, "1"},
+    };
+    for (const auto& row : cases) {
+        const Json document = emitted<EmitChannel>({{"eia-608 to cea-708 conversion", row.flat}});
+        EXPECT_EQ(document["caption"]["conversion"]["enable"], Json(row.enable)) << row.flat;
+        EXPECT_EQ(document["caption"]["conversion"]["force"], Json(row.force)) << row.flat;
+        EXPECT_EQ(written(document.dump(), "eia-608 to cea-708 conversion"), row.back) << row.flat;
+    }
+    EXPECT_EQ(written(R"({"caption": {"conversion": {"enable": false, "force": true}}})",
+                  "eia-608 to cea-708 conversion"),
+        "0");
+}
+
+TEST(ChannelForms, OnlyTheLimitOfAPassShowsWhenItIsNotSet)
+{
+    const Json document = emitted<EmitChannel>({{"audio normalizer minimum level", "-24.5"},
+        {"audio normalizer lower level", "x"}, {"audio normalizer hard limit level 2=", "-1"}});
+    EXPECT_EQ(document["audio"]["normalizer"]["passes"],
+        parsed(R"([{"minimum": -24.5, "lower": 0, "maximum": null}, {"maximum": -1}])"));
+}
+
+TEST(ChannelForms, BothVideoMembersOfARegionShareAFlatKey)
+{
+    const Json video = emitted<EmitChannel>({{"item video enabled", "1"}})["regions"]["item"]["video"];
+    EXPECT_EQ(video["enable"], Json(true));
+    EXPECT_EQ(video["rendering"], Json(true));
+    const Document keys = region_key_map("item");
+    EXPECT_EQ(keys.at("video")["enable"], keys.at("video")["rendering"]);
+    EXPECT_EQ(keys.at("media")["path"], Json("item"));
+}
+
+TEST(ChannelForms, ThePolicyFollowsTheBackgroundMusic)
+{
+    EXPECT_EQ(
+        consumed<ConsumerChannel>(
+            R"({"regions": {"music": {"enable": true, "policy": null}, "alerts": {"text": {"enable": true}}}})"),
+        (Pairs{{"background music enable", "1"}, {"background music default policy", "if-no-audio"},
+            {"eas scroll text enable", "1"}}));
+}
+
+TEST(ChannelForms, ABadAspectRatioOrMeterEndsTheRun)
+{
+    for (const char* ratio : {"16", "16:9:1", "::"}) {
+        try {
+            emitted<EmitChannel>({{"video aspect ratio", ratio}});
+            ADD_FAILURE() << ratio;
+        } catch (const char* complaint) {
+            EXPECT_STREQ(complaint, "Bad ratio format");
+        }
+    }
+    for (const char* meter : {"-3,x", "-3,", ","})
+        EXPECT_THROW(emitted<EmitChannel>({{"audio meter", meter}}), std::invalid_argument) << meter;
+    EXPECT_THROW(emitted<EmitChannel>({{"audio meter", "-3,1e999"}}), std::out_of_range);
+}
+
+}  // namespace
