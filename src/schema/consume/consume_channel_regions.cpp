@@ -3,12 +3,6 @@
 
 using json11::Json;
 
-namespace {
-
-constexpr std::size_t GLOBAL_ITEMS = 8;
-
-}  // namespace
-
 void ConsumerChannel::regions(const Document& document)
 {
     if (document.empty())

@@ -7,8 +7,6 @@ using json11::Json;
 
 namespace {
 
-constexpr int GLOBAL_ITEMS = 8;
-
 // The two words of a pair. A word that the text lacks is empty.
 std::vector<std::string> two_words(const std::string& text)
 {
@@ -48,7 +46,7 @@ Json EmitChannel::regions_main() const
 Json EmitChannel::regions_global() const
 {
     Json::array items;
-    for (int i = 1; i <= GLOBAL_ITEMS; ++i)
+    for (std::size_t i = 1; i <= GLOBAL_ITEMS; ++i)
         items.push_back(region(region_key_map("global item " + std::to_string(i)), false));
     return items;
 }
