@@ -139,19 +139,16 @@ void ProcfsFileHandleSnapshot::take(const char* directory)
         return;
     while (const dirent* entry = ::readdir(proc.get()))
         if (const unsigned long pid = whole_number(entry->d_name); pid != 0)
-            take_process(::dirfd(proc.get()), entry->d_name, static_cast<pid_t>(pid));
+            take_process(directory + ("/" + std::string(entry->d_name)), static_cast<pid_t>(pid));
     index_sockets();
 }
 
-void ProcfsFileHandleSnapshot::take_process(int proc, const char* name, pid_t pid)
+void ProcfsFileHandleSnapshot::take_process(const std::string& process, pid_t pid)
 {
     Handles& handles = m_processes[pid];
-    const std::string relative = std::string(name) + "/fd";
-    Descriptor opened(::openat(proc, relative.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const Directory descriptors(opened ? ::fdopendir(opened.get()) : nullptr);
+    const Directory descriptors(::opendir((process + "/fd").c_str()));
     if (!descriptors)
         return;
-    opened.release();
     const int directory = ::dirfd(descriptors.get());
     while (const dirent* entry = ::readdir(descriptors.get())) {
         const bool is_number = whole_number(entry->d_name) != 0 || std::string_view(entry->d_name) == "0";

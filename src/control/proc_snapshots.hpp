@@ -48,7 +48,7 @@ class ProcfsFileHandleSnapshot {
   private:
     using Handles = std::vector<ProcfsFileHandleSnapshotEntry>;
 
-    void take_process(int proc, const char* name, pid_t pid);
+    void take_process(const std::string& process, pid_t pid);
     void index_sockets();
 
     std::map<pid_t, Handles> m_processes;
