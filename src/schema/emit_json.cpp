@@ -100,6 +100,11 @@ Json EmitJson::integer(const std::string& key, int fallback) const
     return read_integer(value(key), fallback);
 }
 
+Json EmitJson::null_or_integer(const std::string& key) const
+{
+    return value(key).empty() ? Json() : integer(key);
+}
+
 Json::array EmitJson::path(const std::string& key) const
 {
     const std::vector<std::string> parts = split(value(key), "/");
@@ -156,11 +161,18 @@ double EmitJson::read_number(const std::string& text, double fallback)
 
 int EmitJson::read_integer(const std::string& text, int fallback)
 {
+    return parse_integer(text).value_or(fallback);
+}
+
+std::optional<int> EmitJson::parse_integer(const std::string& text)
+{
     char* end = nullptr;
     errno = 0;
     const long number = std::strtol(text.c_str(), &end, 10);
     const bool in_range = errno != ERANGE && number >= INT_MIN && number <= INT_MAX;
-    return end == text.c_str() || !in_range ? fallback : static_cast<int>(number);
+    if (end == text.c_str() || !in_range)
+        return std::nullopt;
+    return static_cast<int>(number);
 }
 
 Json EmitJson::field(const Field& field, const std::string& flat_key) const

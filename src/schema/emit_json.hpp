@@ -4,6 +4,7 @@
 // through one of the coders below. Where a flat key occurs several times, the first one counts.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <tuple>
@@ -43,7 +44,8 @@ class EmitJson {
     json11::Json number(const std::string& key, double fallback = 0) const;
     json11::Json null_or_number(const std::string& key) const;  // empty: null, not a number: 0
     json11::Json integer(const std::string& key, int fallback = 0) const;
-    json11::Json::array path(const std::string& key) const;  // the parts between "/"
+    json11::Json null_or_integer(const std::string& key) const;  // empty: null, not an integer: 0
+    json11::Json::array path(const std::string& key) const;      // the parts between "/"
 
     // The entry itself; throws the C string "Key not found".
     const JsonEmitterItem& get(const std::string& key) const;
@@ -61,6 +63,7 @@ class EmitJson {
     // or a number out of range: the fallback.
     static double read_number(const std::string& text, double fallback = 0);
     static int read_integer(const std::string& text, int fallback = 0);
+    static std::optional<int> parse_integer(const std::string& text);  // nothing where that falls back
 
     // The members of fields that both directions code alike. `key_prefix` goes in front of each flat key.
     json11::Json::object fields(std::span<const Field> fields, const std::string& key_prefix = "") const;
