@@ -2,6 +2,7 @@
 
 #include "schema/consume/consume_blackmagic_videohub.hpp"
 #include "schema/consume/consume_channel.hpp"
+#include "schema/consume/consume_drmkms.hpp"
 #include "schema/consume/consume_fbdev.hpp"
 #include "schema/consume/consume_internet_mpeg.hpp"
 #include "schema/consume/consume_knox_rs16x16hb.hpp"
@@ -26,6 +27,7 @@ constexpr struct {
     std::shared_ptr<JsonConsumer> (*make)(const std::string& text);
 } CONSUMERS[] = {
     {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
+    {"drmkms", make<ConsumeDrmkms>},
     {"fbdev", make<ConsumeFbdev>},
     {"internet_mpeg", make<ConsumeInternetMpeg>},
     {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},

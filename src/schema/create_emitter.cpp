@@ -2,6 +2,7 @@
 
 #include "schema/emit/emit_blackmagic_videohub.hpp"
 #include "schema/emit/emit_channel.hpp"
+#include "schema/emit/emit_drmkms.hpp"
 #include "schema/emit/emit_fbdev.hpp"
 #include "schema/emit/emit_internet_mpeg.hpp"
 #include "schema/emit/emit_knox_rs16x16hb.hpp"
@@ -26,6 +27,7 @@ constexpr struct {
     std::shared_ptr<EmitJson> (*make)();
 } EMITTERS[] = {
     {"blackmagic_videohub", make<EmitBlackmagicVideohub>},
+    {"drmkms", make<EmitDrmkms>},
     {"fbdev", make<EmitFbdev>},
     {"internet_mpeg", make<EmitInternetMpeg>},
     {"knox_rs16x16hb", make<EmitKnoxRs16x16hb>},
