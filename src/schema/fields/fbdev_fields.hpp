@@ -4,6 +4,7 @@
 #include "schema/field.hpp"
 
 inline constexpr Field FBDEV_FIELDS[] = {
+    // A text, unlike the flag below it.
     {"autostart", "autostart", Coding::NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
     {"autorestart", "autorestart", Coding::BOOLEAN, "0",
         "If set, start the item through a management tool that auto-restarts the item on failure"},
@@ -17,6 +18,7 @@ inline constexpr Field FBDEV_FIELDS[] = {
         "Force video output to use specific pixel format: rgb555 bgr555 rgb565 bgr565 rgb888 bgr888"},
     {"refresh_rate", "refresh rate", Coding::NULLABLE_TEXT, "",
         "Force video output to specific refresh rate"},
+    // Never null: unset shows as the empty text.
     {"take_framebuffer_console", "take framebuffer console", Coding::TEXT, "-1",
         "If framebuffer is used by Linux console, take over the console as well."},
     {"active", "active", Coding::NULLABLE_TEXT, "",
