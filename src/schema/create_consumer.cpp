@@ -1,5 +1,6 @@
 #include "schema/create_consumer.hpp"
 
+#include "schema/consume/consume_alsa.hpp"
 #include "schema/consume/consume_blackmagic_videohub.hpp"
 #include "schema/consume/consume_channel.hpp"
 #include "schema/consume/consume_drmkms.hpp"
@@ -8,6 +9,8 @@
 #include "schema/consume/consume_knox_rs16x16hb.hpp"
 #include "schema/consume/consume_knox_rs8x8hb.hpp"
 #include "schema/consume/consume_knox_rsii.hpp"
+#include "schema/consume/consume_oss.hpp"
+#include "schema/consume/consume_pulse_audio.hpp"
 #include "schema/consume/consume_shout_cast.hpp"
 #include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
 #include "schema/consume/consume_trigger_rs232.hpp"
@@ -26,6 +29,7 @@ constexpr struct {
     const char* driver;
     std::shared_ptr<JsonConsumer> (*make)(const std::string& text);
 } CONSUMERS[] = {
+    {"alsa", make<ConsumeAlsa>},
     {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
     {"drmkms", make<ConsumeDrmkms>},
     {"fbdev", make<ConsumeFbdev>},
@@ -33,6 +37,8 @@ constexpr struct {
     {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
     {"knox_rsii", make<ConsumeKnoxRsii>},
+    {"oss", make<ConsumeOss>},
+    {"pulseaudio", make<ConsumePulseAudio>},
     {"shoutcast", make<ConsumeShoutCast>},
     {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<ConsumeTriggerRs232>},

@@ -1,5 +1,6 @@
 #include "schema/create_emitter.hpp"
 
+#include "schema/emit/emit_alsa.hpp"
 #include "schema/emit/emit_blackmagic_videohub.hpp"
 #include "schema/emit/emit_channel.hpp"
 #include "schema/emit/emit_drmkms.hpp"
@@ -8,6 +9,8 @@
 #include "schema/emit/emit_knox_rs16x16hb.hpp"
 #include "schema/emit/emit_knox_rs8x8hb.hpp"
 #include "schema/emit/emit_knox_rsii.hpp"
+#include "schema/emit/emit_oss.hpp"
+#include "schema/emit/emit_pulse_audio.hpp"
 #include "schema/emit/emit_shout_cast.hpp"
 #include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
 #include "schema/emit/emit_trigger_rs232.hpp"
@@ -26,6 +29,7 @@ constexpr struct {
     const char* driver;
     std::shared_ptr<EmitJson> (*make)();
 } EMITTERS[] = {
+    {"alsa", make<EmitAlsa>},
     {"blackmagic_videohub", make<EmitBlackmagicVideohub>},
     {"drmkms", make<EmitDrmkms>},
     {"fbdev", make<EmitFbdev>},
@@ -33,6 +37,8 @@ constexpr struct {
     {"knox_rs16x16hb", make<EmitKnoxRs16x16hb>},
     {"knox_rs8x8hb", make<EmitKnoxRs8x8hb>},
     {"knox_rsii", make<EmitKnoxRsii>},
+    {"oss", make<EmitOss>},
+    {"pulseaudio", make<EmitPulseAudio>},
     {"shoutcast", make<EmitShoutCast>},
     {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<EmitTriggerRs232>},

@@ -1,0 +1,10 @@
+// Settings of an alsa output from its document.
+#pragma once
+
+#include "schema/consume_json.hpp"
+
+class ConsumeAlsa : public JsonConsumer {
+  public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override;
+};

@@ -1,0 +1,9 @@
+// The document of an oss output: a channel's audio on an OSS device.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitOss : public EmitJson {
+  public:
+    Document emitJson() const override;
+};
