@@ -1,6 +1,7 @@
 #include "schema/create_consumer.hpp"
 
 #include "schema/consume/consume_alsa.hpp"
+#include "schema/consume/consume_blackmagic_decklink_sdi.hpp"
 #include "schema/consume/consume_blackmagic_videohub.hpp"
 #include "schema/consume/consume_channel.hpp"
 #include "schema/consume/consume_drmkms.hpp"
@@ -30,6 +31,7 @@ constexpr struct {
     std::shared_ptr<JsonConsumer> (*make)(const std::string& text);
 } CONSUMERS[] = {
     {"alsa", make<ConsumeAlsa>},
+    {"blackmagic_decklink_sdi", make<ConsumeBlackmagicDecklinkSdi>},
     {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
     {"drmkms", make<ConsumeDrmkms>},
     {"fbdev", make<ConsumeFbdev>},

@@ -1,6 +1,7 @@
 #include "schema/create_emitter.hpp"
 
 #include "schema/emit/emit_alsa.hpp"
+#include "schema/emit/emit_blackmagic_decklink_sdi.hpp"
 #include "schema/emit/emit_blackmagic_videohub.hpp"
 #include "schema/emit/emit_channel.hpp"
 #include "schema/emit/emit_drmkms.hpp"
@@ -30,6 +31,7 @@ constexpr struct {
     std::shared_ptr<EmitJson> (*make)();
 } EMITTERS[] = {
     {"alsa", make<EmitAlsa>},
+    {"blackmagic_decklink_sdi", make<EmitBlackmagicDecklinkSdi>},
     {"blackmagic_videohub", make<EmitBlackmagicVideohub>},
     {"drmkms", make<EmitDrmkms>},
     {"fbdev", make<EmitFbdev>},

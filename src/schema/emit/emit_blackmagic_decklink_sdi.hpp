@@ -1,0 +1,9 @@
+// The document of a blackmagic_decklink_sdi output: a channel on an SDI card.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitBlackmagicDecklinkSdi : public EmitJson {
+  public:
+    Document emitJson() const override;
+};
