@@ -12,6 +12,7 @@
 #include "schema/consume/consume_knox_rsii.hpp"
 #include "schema/consume/consume_oss.hpp"
 #include "schema/consume/consume_pulse_audio.hpp"
+#include "schema/consume/consume_schedule_push.hpp"
 #include "schema/consume/consume_shout_cast.hpp"
 #include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
 #include "schema/consume/consume_trigger_rs232.hpp"
@@ -41,6 +42,7 @@ constexpr struct {
     {"knox_rsii", make<ConsumeKnoxRsii>},
     {"oss", make<ConsumeOss>},
     {"pulseaudio", make<ConsumePulseAudio>},
+    {"schedule_push", make<ConsumeSchedulePush>},
     {"shoutcast", make<ConsumeShoutCast>},
     {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<ConsumeTriggerRs232>},

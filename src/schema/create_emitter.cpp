@@ -12,6 +12,7 @@
 #include "schema/emit/emit_knox_rsii.hpp"
 #include "schema/emit/emit_oss.hpp"
 #include "schema/emit/emit_pulse_audio.hpp"
+#include "schema/emit/emit_schedule_push.hpp"
 #include "schema/emit/emit_shout_cast.hpp"
 #include "schema/emit/emit_sierra_video_aspen_hdsdi.hpp"
 #include "schema/emit/emit_trigger_rs232.hpp"
@@ -41,6 +42,7 @@ constexpr struct {
     {"knox_rsii", make<EmitKnoxRsii>},
     {"oss", make<EmitOss>},
     {"pulseaudio", make<EmitPulseAudio>},
+    {"schedule_push", make<EmitSchedulePush>},
     {"shoutcast", make<EmitShoutCast>},
     {"sierra_video_aspen_hdsdi", make<EmitSierraVideoAspenHdsdi>},
     {"trigger_rs232", make<EmitTriggerRs232>},

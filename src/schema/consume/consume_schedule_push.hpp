@@ -1,0 +1,10 @@
+// Settings of a schedule_push output from its document.
+#pragma once
+
+#include "schema/consume_json.hpp"
+
+class ConsumeSchedulePush : public JsonConsumer {
+  public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override;
+};

@@ -1,0 +1,9 @@
+// The document of a schedule_push output: a channel's schedule on its way to web and file servers.
+#pragma once
+
+#include "schema/emit_json.hpp"
+
+class EmitSchedulePush : public EmitJson {
+  public:
+    Document emitJson() const override;
+};
