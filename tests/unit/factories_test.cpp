@@ -24,12 +24,18 @@ TEST(Factories, EveryDriverWordGetsItsClassesAndOthersTheChannels)
         const char* emitter;
         const char* consumer;
     } cases[] = {
+        {"alsa", "EmitAlsa", "ConsumeAlsa"},
+        {"blackmagic_decklink_sdi", "EmitBlackmagicDecklinkSdi", "ConsumeBlackmagicDecklinkSdi"},
         {"blackmagic_videohub", "EmitBlackmagicVideohub", "ConsumeBlackmagicVideohub"},
+        {"drmkms", "EmitDrmkms", "ConsumeDrmkms"},
         {"fbdev", "EmitFbdev", "ConsumeFbdev"},
         {"internet_mpeg", "EmitInternetMpeg", "ConsumeInternetMpeg"},
         {"knox_rs16x16hb", "EmitKnoxRs16x16hb", "ConsumeKnoxRs16x16hb"},
         {"knox_rs8x8hb", "EmitKnoxRs8x8hb", "ConsumeKnoxRs8x8hb"},
         {"knox_rsii", "EmitKnoxRsii", "ConsumeKnoxRsii"},
+        {"oss", "EmitOss", "ConsumeOss"},
+        {"pulseaudio", "EmitPulseAudio", "ConsumePulseAudio"},
+        {"schedule_push", "EmitSchedulePush", "ConsumeSchedulePush"},
         {"shoutcast", "EmitShoutCast", "ConsumeShoutCast"},
         {"sierra_video_aspen_hdsdi", "EmitSierraVideoAspenHdsdi", "ConsumeSierraVideoAspenHdsdi"},
         {"trigger_rs232", "EmitTriggerRs232", "ConsumeTriggerRs232"},
