@@ -11,7 +11,7 @@
 #include "platform/io.hpp"
 
 class Driver {
-  public:
+public:
     explicit Driver(DriverState state) : m_state(std::move(state)) {}
 
     // Listens in the metadir and from then on heeds SIGTERM and SIGINT. False with errno set.
@@ -20,7 +20,7 @@ class Driver {
     // Serves until it is told to end.
     void serve();
 
-  private:
+private:
     struct Outgoing {
         std::vector<unsigned char> bytes;
         std::uint64_t due_us;

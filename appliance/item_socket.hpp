@@ -7,7 +7,7 @@
 #include "platform/io.hpp"
 
 class ItemSocket {
-  public:
+public:
     ItemSocket() = default;
     ItemSocket(const ItemSocket&) = delete;
     ItemSocket& operator=(const ItemSocket&) = delete;
@@ -22,7 +22,7 @@ class ItemSocket {
 
     void leave();  // nothing is removed any more
 
-  private:
+private:
     bool bind_short(const std::string& entry);
 
     Descriptor m_listener;

@@ -15,7 +15,7 @@ struct ProcNetUnixEntry {
 
 // The table of Unix sockets.
 class ProcNetUnixSnapshot {
-  public:
+public:
     // Reads the table from a file of the form of /proc/net/unix, whose header line names the columns. A
     // file that can't be opened, or whose header lacks a column, leaves the table empty.
     void take(const char* file);
@@ -23,7 +23,7 @@ class ProcNetUnixSnapshot {
     // The first row with that path. False when there is none.
     bool lookup_sock_path(ProcNetUnixEntry& out, const std::string& path) const;
 
-  private:
+private:
     void add_row(std::string_view line, std::size_t inode_column, std::size_t path_column);
 
     std::vector<ProcNetUnixEntry> snapshot;
@@ -37,7 +37,7 @@ struct ProcfsFileHandleSnapshotEntry {
 
 // The open descriptors of every process that lets itself be seen.
 class ProcfsFileHandleSnapshot {
-  public:
+public:
     // Reads a directory of the form of /proc.
     void take(const char* directory);
 
@@ -45,7 +45,7 @@ class ProcfsFileHandleSnapshot {
     // False when nobody holds it.
     bool lookup_socket_inode(pid_t& pid, ProcfsFileHandleSnapshotEntry& out, unsigned int inode) const;
 
-  private:
+private:
     using Handles = std::vector<ProcfsFileHandleSnapshotEntry>;
 
     void take_process(const std::string& process, pid_t pid);

@@ -10,7 +10,7 @@
 // Creates ".tmpup" in the metadir and removes it again unless it takes the place of the settings file. Runs
 // that write into one metadir at once do so one after the other, and what a run that died left is removed.
 class ReplacementFile {
-  public:
+public:
     explicit ReplacementFile(const std::string& metadir);
     ~ReplacementFile();
     ReplacementFile(const ReplacementFile&) = delete;
@@ -23,7 +23,7 @@ class ReplacementFile {
     // either fails; `path` is then untouched. No more can be written afterwards.
     bool replace(const std::string& path);
 
-  private:
+private:
     struct Close {
         void operator()(std::FILE* file) const { std::fclose(file); }
     };

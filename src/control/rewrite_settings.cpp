@@ -23,7 +23,7 @@ bool is_stored(std::string_view key)
 }
 
 class Rewrite {
-  public:
+public:
     Rewrite(std::FILE* out, const SettingValues& settings) : m_out(out), m_settings(settings)
     {
         for (const auto& [key, value] : settings)
@@ -52,7 +52,7 @@ class Rewrite {
                 fprintf_value(m_out, key, value);
     }
 
-  private:
+private:
     void write_line(std::string_view line)
     {
         std::fwrite(line.data(), 1, line.size(), m_out);

@@ -16,7 +16,7 @@ struct comm_socket_v4_packet {
     std::uint8_t flags = 0;
     std::uint64_t sequence = 0;
 
-  protected:
+protected:
     comm_socket_v4_packet() = default;
     ~comm_socket_v4_packet() = default;
 };

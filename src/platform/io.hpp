@@ -9,7 +9,7 @@
 
 // Owns one file descriptor; -1 is none. A close never changes errno.
 class Descriptor {
-  public:
+public:
     Descriptor() = default;
     explicit Descriptor(int fd) : m_fd(fd) {}
     Descriptor(Descriptor&& other) noexcept : m_fd(std::exchange(other.m_fd, -1)) {}
@@ -25,7 +25,7 @@ class Descriptor {
     int release() { return std::exchange(m_fd, -1); }
     void reset(int fd = -1);
 
-  private:
+private:
     int m_fd = -1;
 };
 
@@ -44,7 +44,7 @@ int lock_exclusively(int fd);
 // Reads a file line by line, each line at most 1022 bytes: a longer one comes in pieces, and each piece
 // counts as a line of its own. Any byte but the line feed may stand in a line.
 class LineReader {
-  public:
+public:
     static constexpr std::size_t LINE_LIMIT = 1022;
 
     explicit LineReader(int fd) : m_fd(fd) {}
@@ -54,7 +54,7 @@ class LineReader {
     bool next(std::string_view& line);
     bool failed() const { return m_failed; }
 
-  private:
+private:
     bool fill();
 
     int m_fd;

@@ -43,7 +43,7 @@ bool set_flags(zelm_config_entry& entry, std::string_view flags)
 
 // Reads one manifest into a map: sections of a key, and in each the members of its entry.
 class ManifestReader {
-  public:
+public:
     ManifestReader(std::map<std::string, zelm_config_entry, std::less<>>& entries, bool with_texts)
         : m_entries(entries), m_with_texts(with_texts)
     {
@@ -60,7 +60,7 @@ class ManifestReader {
                member(line.substr(0, equals), line.substr(equals + 1));
     }
 
-  private:
+private:
     bool section(std::string_view line)
     {
         if (line.size() < 2 || line.back() != ']')

@@ -15,7 +15,7 @@ struct zelm_config_entry {
 };
 
 class zelm_config_list {
-  public:
+public:
     // Descriptions and presentation hints are read if this is 1 and skipped if it is 0.
     int with_texts = 0;
 
@@ -27,6 +27,6 @@ class zelm_config_list {
     auto begin() const { return m_entries.begin(); }
     auto end() const { return m_entries.end(); }
 
-  private:
+private:
     std::map<std::string, zelm_config_entry, std::less<>> m_entries;
 };

@@ -25,7 +25,7 @@ constexpr std::size_t ENTRY_SIZE = 16;
 
 // Builds one packet: a command word, then arguments, then finish().
 class Writer {
-  public:
+public:
     // An empty packet with the command word. A word longer than 79 bytes does not fit the header: false.
     bool begin(std::string_view command, std::uint8_t flags, std::uint64_t sequence);
 
@@ -39,7 +39,7 @@ class Writer {
 
     const std::vector<unsigned char>& bytes() const { return m_bytes; }
 
-  private:
+private:
     struct Entry {
         std::uint32_t name;
         std::uint32_t value;
@@ -53,7 +53,7 @@ class Writer {
 
 // Reads one packet of any content. What lies outside of the packet, or lacks its end, is missing.
 class Reader {
-  public:
+public:
     struct Argument {
         bool in_table = false;        // false: the table of entries does not reach this far
         const char* name = nullptr;   // null when missing
@@ -69,7 +69,7 @@ class Reader {
     std::size_t arguments() const;   // the count that the header states, 0 when missing
     Argument argument(std::size_t index) const;
 
-  private:
+private:
     const char* text(std::uint32_t offset) const;
 
     const std::vector<unsigned char>& m_bytes;

@@ -19,7 +19,7 @@
 using SettingValues = std::vector<std::pair<std::string, std::string>>;
 
 class JsonConsumer {
-  public:
+public:
     // A text that is no JSON object leaves the document empty, without a message.
     explicit JsonConsumer(const std::string& text);
     virtual ~JsonConsumer() = default;
@@ -42,7 +42,7 @@ class JsonConsumer {
     static std::string array_value(const std::vector<std::string>& parts, const std::string& separator);
     static std::string number(const json11::Json& json);  // a string as it stands, otherwise the number
 
-  protected:
+protected:
     // The top of the document, where every walk begins.
     Params top() const { return Params(m_document); }
 
@@ -56,7 +56,7 @@ class JsonConsumer {
     void create_items(
         std::span<const Field> fields, const Params& params, const std::string& key_prefix = "");
 
-  private:
+private:
     json11::Json m_document;
     SettingValues m_items;
 };

@@ -1,5 +1,6 @@
 #include "schema/emit_json.hpp"
 
+#include <algorithm>
 #include <boost/algorithm/string/predicate.hpp>
 #include <cerrno>
 #include <climits>
@@ -52,14 +53,22 @@ void EmitJson::add(const InfoList& list)
 {
     for (const auto& [key, item] : list)
         m_items.push_back({item, key});
+    if (m_sorted == 0)
+        m_sorted = m_items.size();
 }
 
+// The first item's entries came in the order of their keys, and its word counts before all others'.
 const JsonEmitterItem* EmitJson::find(const std::string& key) const
 {
-    for (const JsonEmitterItem& item : m_items)
-        if (item.key == key)
-            return &item;
-    return nullptr;
+    const auto sorted_end = m_items.begin() + static_cast<std::ptrdiff_t>(m_sorted);
+    const auto is_below = [](const JsonEmitterItem& item, const std::string& wanted) {
+        return item.key < wanted;
+    };
+    auto found = std::lower_bound(m_items.begin(), sorted_end, key, is_below);
+    if (found == sorted_end || found->key != key)
+        found = std::find_if(
+            sorted_end, m_items.end(), [&key](const JsonEmitterItem& item) { return item.key == key; });
+    return found == m_items.end() ? nullptr : &*found;
 }
 
 const std::string& EmitJson::value(const std::string& key) const

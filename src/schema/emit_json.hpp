@@ -27,7 +27,7 @@ struct JsonEmitterItem : infolist_item {
 };
 
 class EmitJson {
-  public:
+public:
     virtual ~EmitJson() = default;
 
     // The document's members.
@@ -79,9 +79,10 @@ class EmitJson {
     // A JSON string that holds the dump() text of the JSON string `key`.
     static json11::Json getValue(const std::string& key, const infolist_item& item);
 
-  private:
+private:
     const JsonEmitterItem* find(const std::string& key) const;
     json11::Json field(const Field& field, const std::string& flat_key) const;
 
     std::vector<JsonEmitterItem> m_items;
+    std::size_t m_sorted = 0;  // how many entries at the front stand in the order of their keys
 };

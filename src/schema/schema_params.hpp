@@ -26,7 +26,7 @@ json11::Json reduce(const json11::Json& json, const JsonPath& path, bool debug =
 std::string number_text(double number);
 
 class Params {
-  public:
+public:
     explicit Params(json11::Json json) : document(std::move(json)) {}
 
     // Steps into a member.
@@ -67,7 +67,7 @@ class Params {
     json11::Json document;
     JsonPath path;
 
-  private:
+private:
     enum class Type { NONE, CONST, STRING, BOOLEAN, NUMBER, INTEGER, ARRAY };
 
     Params& declare(Type type, std::string json_key, std::string default_text);

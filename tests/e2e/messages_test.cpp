@@ -4,7 +4,7 @@
 namespace {
 
 class Messages : public Appliance {
-  protected:
+protected:
     struct Case {
         const char* command_line;
         int status;

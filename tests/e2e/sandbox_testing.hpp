@@ -44,10 +44,10 @@ constexpr char ROUTERS[] = "/mnt/main/tv/routing/";
 
 // An appliance without items and without running drivers, before and after each test.
 class Appliance : public testing::Test {
-  protected:
+protected:
     void SetUp() override { clear(); }
     void TearDown() override { clear(); }
 
-  private:
+private:
     static void clear();
 };

@@ -173,7 +173,7 @@ TEST(ParseItem, ADeclarationDecidesWhatNullAndValuesWrite)
 }
 
 class BareConsumer : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::create_item;
     using JsonConsumer::JsonConsumer;
     void createItems() override

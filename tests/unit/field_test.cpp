@@ -21,12 +21,12 @@ constexpr Field ROWS[] = {
 };
 
 class RowsEmitter : public EmitJson {
-  public:
+public:
     Document emitJson() const override { return fields(ROWS, "enc0, "); }
 };
 
 class RowsConsumer : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override { create_items(ROWS, top(), "enc0, "); }
 };

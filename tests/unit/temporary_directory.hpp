@@ -8,7 +8,7 @@
 #include <string_view>
 
 class TemporaryDirectory {
-  public:
+public:
     TemporaryDirectory()
     {
         char name[] = "/tmp/platform-test.XXXXXX";
@@ -32,6 +32,6 @@ class TemporaryDirectory {
         return *this / name;
     }
 
-  private:
+private:
     std::string m_path;
 };

@@ -7,11 +7,11 @@
 #include "schema/consume_json.hpp"
 
 class ConsumerChannel : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 
-  private:
+private:
     // The members of a section, none if the document lacks it.
     static Params section(const Document& document, const std::string& key);
 

@@ -8,11 +8,11 @@
 #include "schema/consume_json.hpp"
 
 class ConsumeInternetMpeg : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 
-  private:
+private:
     void enc(Params params);
     void enc_asi(Params params, std::size_t i);
     void enc_audio(Params params, const std::string& base);

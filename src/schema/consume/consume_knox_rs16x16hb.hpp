@@ -4,7 +4,7 @@
 #include "schema/consume_json.hpp"
 
 class ConsumeKnoxRs16x16hb : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 };

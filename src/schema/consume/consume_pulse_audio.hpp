@@ -4,7 +4,7 @@
 #include "schema/consume_json.hpp"
 
 class ConsumePulseAudio : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 };

@@ -6,11 +6,11 @@
 #include "schema/consume_json.hpp"
 
 class ConsumeShoutCast : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 
-  private:
+private:
     void driver(Params params);
     void enc(Params params);
 

@@ -5,11 +5,11 @@
 #include "schema/consume_json.hpp"
 
 class ConsumeX11 : public JsonConsumer {
-  public:
+public:
     using JsonConsumer::JsonConsumer;
     void createItems() override;
 
-  private:
+private:
     void driver(Params params);
     void name(Params params);
     void source(Params params);

@@ -7,12 +7,12 @@
 #include "schema/emit_json.hpp"
 
 class EmitChannel : public EmitJson {
-  public:
+public:
     // Throws the C string "Bad ratio format" for a bad aspect ratio, and what std::stod throws for a bad
     // level of the audio meter.
     Document emitJson() const override;
 
-  private:
+private:
     json11::Json behavior() const;
     json11::Json behavoir_expirationDelay() const;
     json11::Json behavoir_pauseCorrection() const;

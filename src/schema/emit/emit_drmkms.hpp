@@ -4,10 +4,10 @@
 #include "schema/emit_json.hpp"
 
 class EmitDrmkms : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 
-  private:
+private:
     std::pair<std::string, json11::Json> kms() const;
     std::pair<std::string, json11::Json> kms_connector() const;
     json11::Json kms_connector_card_select() const;

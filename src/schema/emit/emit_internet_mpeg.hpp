@@ -6,10 +6,10 @@
 #include "schema/emit_json.hpp"
 
 class EmitInternetMpeg : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 
-  private:
+private:
     // One encoder and its groups. `base` is its number, counted from "0".
     json11::Json enc(const std::string& base) const;
     json11::Json enc_audio(const std::string& base) const;

@@ -4,6 +4,6 @@
 #include "schema/emit_json.hpp"
 
 class EmitKnoxRs16x16hb : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 };

@@ -4,6 +4,6 @@
 #include "schema/emit_json.hpp"
 
 class EmitKnoxRs8x8hb : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 };

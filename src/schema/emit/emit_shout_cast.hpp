@@ -6,10 +6,10 @@
 #include "schema/emit_json.hpp"
 
 class EmitShoutCast : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 
-  private:
+private:
     // One encoder. `base` is its number, counted from "0".
     json11::Json enc(const std::string& base) const;
 };

@@ -4,6 +4,6 @@
 #include "schema/emit_json.hpp"
 
 class EmitVideoPassthru : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 };

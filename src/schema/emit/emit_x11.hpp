@@ -4,9 +4,9 @@
 #include "schema/emit_json.hpp"
 
 class EmitX11 : public EmitJson {
-  public:
+public:
     Document emitJson() const override;
 
-  private:
+private:
     std::pair<std::string, json11::Json> x11() const;
 };
