@@ -5,7 +5,7 @@
 #include "schema/emit/emit_oss.hpp"
 #include "schema/emit/emit_pulse_audio.hpp"
 
-#include "unit/flat_outputs_testing.hpp"
+#include "unit/flat_schema_testing.hpp"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "schema/consume/consume_blackmagic_decklink_sdi.hpp"
 #include "schema/emit/emit_blackmagic_decklink_sdi.hpp"
 
-#include "unit/flat_outputs_testing.hpp"
+#include "unit/flat_schema_testing.hpp"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "schema/consume/consume_fbdev.hpp"
 #include "schema/emit/emit_fbdev.hpp"
 
-#include "unit/flat_outputs_testing.hpp"
+#include "unit/flat_schema_testing.hpp"
 
 namespace {
 

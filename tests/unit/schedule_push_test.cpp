@@ -1,7 +1,7 @@
 #include "schema/consume/consume_schedule_push.hpp"
 #include "schema/emit/emit_schedule_push.hpp"
 
-#include "unit/flat_outputs_testing.hpp"
+#include "unit/flat_schema_testing.hpp"
 
 namespace {
 

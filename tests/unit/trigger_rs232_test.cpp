@@ -5,19 +5,16 @@
 
 namespace {
 
-const FlatMembers MEMBERS = {{"port"}, {"poll interval"}, {"set dtr"}, {"set rts"},
-    {"load drivers", FlatMember::TEXT, "1"}, {"ri signal name"}, {"ri signal invert"}, {"cts signal name"},
-    {"cts signal invert"}, {"dsr signal name"}, {"dsr signal invert"}, {"dcd signal name"},
-    {"dcd signal invert"}, {"channels"}, {"autostart"}, {"offline"}};
+const FlatKeys KEYS = {{"port"}, {"poll interval"}, {"set dtr"}, {"set rts"}, {"load drivers", TEXT, "1"},
+    {"ri signal name"}, {"ri signal invert"}, {"cts signal name"}, {"cts signal invert"}, {"dsr signal name"},
+    {"dsr signal invert"}, {"dcd signal name"}, {"dcd signal invert"}, {"channels"}, {"autostart"},
+    {"offline"}};
 
-TEST(TriggerRs232, WritesEveryMember)
+TEST(TriggerRs232, EveryKeyGoesBothWays)
 {
-    expect_writes<EmitTriggerRs232>(MEMBERS);
-}
-
-TEST(TriggerRs232, ReadsEveryMember)
-{
-    expect_reads<ConsumeTriggerRs232>(MEMBERS);
+    EXPECT_EQ(KEYS.size(), 16U);
+    expect_emitted<EmitTriggerRs232>(KEYS);
+    expect_consumed<ConsumeTriggerRs232>(KEYS);
 }
 
 TEST(TriggerRs232, TakesNoDriverFromADocument)

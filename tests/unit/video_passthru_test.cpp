@@ -7,12 +7,12 @@
 
 namespace {
 
-constexpr FlatMember text(const char* flat_key, const char* of_null = "")
+FlatKey text(const char* flat_key, const char* of_null = "")
 {
-    return {flat_key, FlatMember::TEXT, of_null};
+    return {flat_key, TEXT, of_null};
 }
 
-const FlatMembers MEMBERS = {text("driver"), text("input"), text("input index"), text("interface"),
+const FlatKeys KEYS = {text("driver"), text("input"), text("input index"), text("interface"),
     text("pixel format"), text("standard"), text("width"), text("height"), text("rate"), text("system delay"),
     text("expiration delay"), text("buffers"), text("aspect ratio"), text("device index"), text("method"),
     text("stay resident", "0"), text("auto video shutdown", "1"), text("url"), text("audio interface"),
@@ -57,15 +57,15 @@ const FlatMembers MEMBERS = {text("driver"), text("input"), text("input index"),
 
 TEST(VideoPassthru, BothVersionsWriteAllMembersAsTexts)
 {
-    EXPECT_EQ(MEMBERS.size(), 95U);
-    expect_writes<EmitVideoPassthru>(MEMBERS);
-    expect_writes<EmitVideoPassthru2>(MEMBERS);
+    EXPECT_EQ(KEYS.size(), 95U);
+    expect_emitted<EmitVideoPassthru>(KEYS);
+    expect_emitted<EmitVideoPassthru2>(KEYS);
 }
 
 TEST(VideoPassthru, BothVersionsReadTheSamePairsInTheSameOrder)
 {
-    expect_reads<ConsumeVideoPassthru>(MEMBERS);
-    expect_reads<ConsumeVideoPassthruV2>(MEMBERS);
+    expect_consumed<ConsumeVideoPassthru>(KEYS);
+    expect_consumed<ConsumeVideoPassthruV2>(KEYS);
 }
 
 TEST(VideoPassthru, OddMembersStayAsTheyAre)
