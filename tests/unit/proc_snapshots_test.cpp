@@ -1,0 +1,182 @@
+// The kernel's tables in forms that this machine doesn't show: a listing of sockets or processes that can't
+// be understood must leave items stopped, never take the wrong process for a driver.
+#include "control/proc_snapshots.hpp"
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "control/run_state.hpp"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ProcSnapshots : public testing::Test {
+  protected:
+    void SetUp() override
+    {
+        std::string name = (fs::temp_directory_path() / "proc_snapshots.XXXXXX").string();
+        ASSERT_NE(::mkdtemp(name.data()), nullptr);
+        m_directory = name;
+        stderr_write = ::open_memstream(&m_said, &m_said_size);
+    }
+
+    void TearDown() override
+    {
+        std::fclose(stderr_write);
+        stderr_write = stderr;
+        std::free(m_said);
+        fs::remove_all(m_directory);
+    }
+
+    std::string said()
+    {
+        std::fflush(stderr_write);
+        return m_said;
+    }
+
+    // What a table of this text tells of a path: its inode, or "none".
+    std::string inode_of(const std::string& path, const std::string& table)
+    {
+        const fs::path file = m_directory / "unix";
+        std::ofstream(file, std::ios::binary | std::ios::trunc) << table;
+        ProcNetUnixSnapshot snapshot;
+        snapshot.take(file.c_str());
+        ProcNetUnixEntry row;
+        return snapshot.lookup_sock_path(row, path) ? std::to_string(row.inode) : "none";
+    }
+
+    void add_descriptor(const std::string& name, const std::string& target)
+    {
+        const fs::path link = m_directory / name;
+        fs::create_directories(link.parent_path());
+        fs::create_symlink(target, link);
+    }
+
+    // "pid:descriptor" of the holder, or "none".
+    static std::string holder(const ProcfsFileHandleSnapshot& snapshot, unsigned int inode)
+    {
+        pid_t pid = 0;
+        ProcfsFileHandleSnapshotEntry entry;
+        if (!snapshot.lookup_socket_inode(pid, entry, inode))
+            return "none";
+        return std::to_string(pid) + ":" + std::to_string(entry.descriptor);
+    }
+
+    fs::path m_directory;
+
+  private:
+    char* m_said = nullptr;
+    std::size_t m_said_size = 0;
+};
+
+// So many columns named c.
+std::string columns(int count)
+{
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += "c ";
+    return text;
+}
+
+TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
+{
+    const std::string head = "Num RefCount Protocol Flags Type St Inode Path\n";
+    const struct {
+        const char* what;
+        std::string table;
+        const char* inode;
+    } rows[] = {
+        {"as the kernel writes it", head + "0000: 2 0 10000 1 01   77 /s\n", "77"},
+        {"other columns first", "Path Inode\n/s 78\n", "78"},
+        {"other case, runs of blanks", "  INODE   path \n  79    /s\n", "79"},
+        {"the last of two columns of a name", "Inode Path Inode\n1 /s 80\n", "80"},
+        {"the first of two rows of a path", "Inode Path\n81 /s\n82 /s\n", "81"},
+        {"no line end at the end", "Inode Path\n83 /s", "83"},
+        {"octal and hexadecimal", "Inode Path\n0x10 /s\n", "16"},
+        {"an inode that is no number", "Inode Path\nx /s\n", "0"},
+        {"rows without a path, or with nothing", "Inode Path\n5\n\n84 /s\n", "84"},
+        {"a path that only begins with the one", "Inode Path\n85 /s2\n86 /s/\n", "none"},
+        {"a path with a blank keeps its first word", "Inode Path\n87 /s and more\n", "87"},
+        {"the last field that a row may have", columns(61) + "Inode Path\n" + columns(61) + "88 /s\n", "88"},
+        {"a path behind that", columns(62) + "Inode Path\n" + columns(62) + "89 /s\n", "none"},
+        {"an inode behind that", "Path " + columns(62) + "Inode\n/s " + columns(62) + "90\n", "none"},
+        {"a row longer than a line may be", "Inode Path\n91 /" + std::string(1500, 'x') + "\n92 /s\n", "92"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(inode_of("/s", row.table), row.inode) << row.what;
+    EXPECT_EQ(inode_of("", head + "0000: 2 0 10000 1 01 77\n"), "none") << "no path is no path";
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
+{
+    constexpr char COMPLAINT[] =
+        "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n"
+        "Headers read from /proc/net/unix were:\n";
+    const struct {
+        std::string table;
+        std::string said;
+    } rows[] = {
+        {"Num Path\n1 /s\n", std::string(COMPLAINT) + "   entry[0] = 'Num'\n   entry[1] = 'Path'\n"},
+        {"Inode  Paths\n1 /s\n", std::string(COMPLAINT) + "   entry[0] = 'Inode'\n   entry[1] = 'Paths'\n"},
+        {"\n1 /s\n", COMPLAINT},
+        {"", COMPLAINT},
+        {columns(64) + "Inode Path\n1 /s\n", "procnetunixsnapshot: columns out of range.\n"},
+        {"Inode " + columns(63) + "Path\n1 /s\n", "procnetunixsnapshot: columns out of range.\n"},
+    };
+    std::string all;
+    for (const auto& row : rows) {
+        EXPECT_EQ(inode_of("/s", row.table), "none") << row.table;
+        all += row.said;
+        EXPECT_EQ(said(), all) << row.table;
+    }
+}
+
+TEST_F(ProcSnapshots, TablesThatAreNotThereAreEmpty)
+{
+    ProcNetUnixSnapshot sockets;
+    sockets.take((m_directory / "none").c_str());
+    ProcNetUnixEntry row;
+    EXPECT_FALSE(sockets.lookup_sock_path(row, "/s"));
+    ProcfsFileHandleSnapshot processes;
+    processes.take((m_directory / "none").c_str());
+    EXPECT_EQ(holder(processes, 1), "none");
+    EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
+{
+    add_descriptor("9/fd/3", "socket:[100]");
+    add_descriptor("10/fd/4", "socket:[100]");
+    add_descriptor("10/fd/0", "/dev/null");
+    add_descriptor("11/fd/3", "socket:[200]");
+    add_descriptor("12/fd/5", "socket:[300]x");
+    add_descriptor("12/fd/6", "socket:[]");
+    add_descriptor("12/fd/7", "socket:[400");
+    add_descriptor("12/fd/8", "xsocket:[400]");
+    add_descriptor("12/fd/9x", "socket:[500]");
+    add_descriptor("13x/fd/3", "socket:[500]");
+    add_descriptor("0/fd/3", "socket:[500]");
+    add_descriptor("self/fd/3", "socket:[500]");
+    fs::create_directories(m_directory / "14");
+    std::ofstream(m_directory / "15") << "no directory";
+    std::ofstream(m_directory / "11/fd/9") << "no link";
+
+    ProcfsFileHandleSnapshot processes;
+    processes.take(m_directory.c_str());
+    const struct {
+        unsigned int inode;
+        const char* holder;
+    } rows[] = {{100, "10:4"}, {200, "11:3"}, {300, "12:5"}, {400, "none"}, {500, "none"}, {0, "none"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(holder(processes, row.inode), row.holder) << row.inode;
+
+    fs::remove_all(m_directory / "10");
+    processes.take(m_directory.c_str());
+    EXPECT_EQ(holder(processes, 100), "9:3") << "a second look forgets the first";
+}
+
+}  // namespace
