@@ -1,5 +1,6 @@
 #include "control/proc_snapshots.hpp"
 
+#include <algorithm>
 #include <cassert>
 #include <climits>
 #include <cstdlib>
@@ -119,14 +120,21 @@ void ProcNetUnixSnapshot::add_row(std::string_view line, std::size_t inode_colum
         row.path = fields[path_column];
 }
 
-bool ProcNetUnixSnapshot::lookup_sock_path(ProcNetUnixEntry& out, const std::string& path) const
+bool ProcNetUnixSnapshot::lookup_sock_path(
+    ProcNetUnixEntry& out, const std::string& path, std::size_t nth) const
 {
     const auto found = m_by_path.find(path);
     if (found == m_by_path.end())
         return false;
     const std::size_t index = found->second;
     assert(index < snapshot.size());
-    out = snapshot[index];
+    auto row = snapshot.begin() + static_cast<std::ptrdiff_t>(index);
+    const auto has_path = [&](const ProcNetUnixEntry& each) { return each.path == path; };
+    for (; nth > 0 && row != snapshot.end(); --nth)
+        row = std::find_if(row + 1, snapshot.end(), has_path);
+    if (row == snapshot.end())
+        return false;
+    out = *row;
     return true;
 }
 

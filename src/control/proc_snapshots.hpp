@@ -20,8 +20,8 @@ public:
     // file that can't be opened, or whose header lacks a column, leaves the table empty.
     void take(const char* file);
 
-    // The first row with that path. False when there is none.
-    bool lookup_sock_path(ProcNetUnixEntry& out, const std::string& path) const;
+    // The first row with that path, or one of those behind it, counted from 0. False when there is none.
+    bool lookup_sock_path(ProcNetUnixEntry& out, const std::string& path, std::size_t nth = 0) const;
 
 private:
     void add_row(std::string_view line, std::size_t inode_column, std::size_t path_column);

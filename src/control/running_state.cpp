@@ -57,6 +57,22 @@ bool resolve_socket(std::string& path, struct stat& state)
     return path.front() == '/' && ::lstat(path.c_str(), &state) == 0;
 }
 
+// The process that holds the socket bound at the path, or 0.
+//
+// The kernel gives the listener's path to its connections too, and may write their rows first: those that
+// the driver hasn't accepted, which no process can hold, and those that ended between the two snapshots.
+// So a row that nobody holds says nothing as long as there is another.
+pid_t holder_of(const std::string& socket)
+{
+    ProcNetUnixEntry row;
+    ProcfsFileHandleSnapshotEntry handle;
+    pid_t holder = 0;
+    for (std::size_t nth = 0; net_unix_snapshot.lookup_sock_path(row, socket, nth); ++nth)
+        if (procfs_filehandle_snapshot.lookup_socket_inode(holder, handle, row.inode))
+            return holder;
+    return 0;
+}
+
 // The first bytes of a small file, ending at the first line feed.
 bool read_line_of(const std::string& path, char* line, std::size_t size)
 {
@@ -105,15 +121,10 @@ int is_item_running(const std::string& item, pid_t* pid)
     std::string socket = active_socket_path(metadir);
     if (!resolve_socket(socket, state) || !S_ISSOCK(state.st_mode))
         return 0;
-    ProcNetUnixEntry row;
-    ProcfsFileHandleSnapshotEntry handle;
-    pid_t holder = 0;
-    if (!net_unix_snapshot.lookup_sock_path(row, socket) ||
-        !procfs_filehandle_snapshot.lookup_socket_inode(holder, handle, row.inode))
-        return 0;
+    const pid_t holder = holder_of(socket);
     if (pid)
         *pid = holder;
-    return 1;
+    return holder != 0 ? 1 : 0;
 }
 
 void read_kernel_uptime()

@@ -154,6 +154,17 @@ TEST_F(RunningState, TheHighestProcessThatHoldsTheSocketIsTheDriver)
     EXPECT_EQ(listed_pid(), ::getpid());
 }
 
+TEST_F(RunningState, ADriverThatTakesNoConnectionsStillRuns)
+{
+    make_metadir();
+    const Descriptor listener = listen_at(ENTRY);
+    for (int waiting = 0; waiting < 8; ++waiting) {
+        // Each leaves one more connection that nobody takes, and the kernel lists it under the same path.
+        EXPECT_EQ(listed_pid(), ::getpid()) << waiting;
+        expect(true, "with connections that wait");
+    }
+}
+
 TEST_F(RunningState, ASocketThatNoProcessHoldsIsNobodys)
 {
     make_metadir();

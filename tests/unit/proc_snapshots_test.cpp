@@ -4,10 +4,10 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 #include "control/run_state.hpp"
+#include "unit/temporary_directory.hpp"
 
 namespace fs = std::filesystem;
 
@@ -15,20 +15,13 @@ namespace {
 
 class ProcSnapshots : public testing::Test {
   protected:
-    void SetUp() override
-    {
-        std::string name = (fs::temp_directory_path() / "proc_snapshots.XXXXXX").string();
-        ASSERT_NE(::mkdtemp(name.data()), nullptr);
-        m_directory = name;
-        stderr_write = ::open_memstream(&m_said, &m_said_size);
-    }
+    void SetUp() override { stderr_write = ::open_memstream(&m_said, &m_said_size); }
 
     void TearDown() override
     {
         std::fclose(stderr_write);
         stderr_write = stderr;
         std::free(m_said);
-        fs::remove_all(m_directory);
     }
 
     std::string said()
@@ -38,14 +31,12 @@ class ProcSnapshots : public testing::Test {
     }
 
     // What a table of this text tells of a path: its inode, or "none".
-    std::string inode_of(const std::string& path, const std::string& table)
+    std::string inode_of(const std::string& path, const std::string& table, std::size_t nth = 0)
     {
-        const fs::path file = m_directory / "unix";
-        std::ofstream(file, std::ios::binary | std::ios::trunc) << table;
         ProcNetUnixSnapshot snapshot;
-        snapshot.take(file.c_str());
+        snapshot.take(m_directory.file("unix", table).c_str());
         ProcNetUnixEntry row;
-        return snapshot.lookup_sock_path(row, path) ? std::to_string(row.inode) : "none";
+        return snapshot.lookup_sock_path(row, path, nth) ? std::to_string(row.inode) : "none";
     }
 
     void add_descriptor(const std::string& name, const std::string& target)
@@ -65,7 +56,7 @@ class ProcSnapshots : public testing::Test {
         return std::to_string(pid) + ":" + std::to_string(entry.descriptor);
     }
 
-    fs::path m_directory;
+    TemporaryDirectory m_directory;
 
   private:
     char* m_said = nullptr;
@@ -109,6 +100,15 @@ TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
         EXPECT_EQ(inode_of("/s", row.table), row.inode) << row.what;
     EXPECT_EQ(inode_of("", head + "0000: 2 0 10000 1 01 77\n"), "none") << "no path is no path";
     EXPECT_EQ(said(), "");
+}
+
+TEST_F(ProcSnapshots, AllRowsOfAPathAreFoundInTheirOrder)
+{
+    const std::string table = "Inode Path\n0 /s\n7 /t\n5 /s\n6\n9 /s\n";
+    const char* const inodes[] = {"0", "5", "9", "none", "none"};
+    for (std::size_t nth = 0; nth < std::size(inodes); ++nth)
+        EXPECT_EQ(inode_of("/s", table, nth), inodes[nth]) << nth;
+    EXPECT_EQ(inode_of("/u", table, 1), "none");
 }
 
 TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
@@ -162,11 +162,11 @@ TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
     add_descriptor("0/fd/3", "socket:[500]");
     add_descriptor("self/fd/3", "socket:[500]");
     fs::create_directories(m_directory / "14");
-    std::ofstream(m_directory / "15") << "no directory";
-    std::ofstream(m_directory / "11/fd/9") << "no link";
+    m_directory.file("15", "no directory");
+    m_directory.file("11/fd/9", "no link");
 
     ProcfsFileHandleSnapshot processes;
-    processes.take(m_directory.c_str());
+    processes.take((m_directory / "").c_str());
     const struct {
         unsigned int inode;
         const char* holder;
@@ -175,7 +175,7 @@ TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
         EXPECT_EQ(holder(processes, row.inode), row.holder) << row.inode;
 
     fs::remove_all(m_directory / "10");
-    processes.take(m_directory.c_str());
+    processes.take((m_directory / "").c_str());
     EXPECT_EQ(holder(processes, 100), "9:3") << "a second look forgets the first";
 }
 
