@@ -1,19 +1,17 @@
 #include "platform/signals.hpp"
 
 #include <csignal>
-#include <initializer_list>
 
 int util_check_and_unmask_common_signals()
 {
-    sigset_t common;
-    sigemptyset(&common);
-    for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGPIPE, SIGALRM, SIGTERM, SIGUSR1, SIGUSR2, SIGCHLD,
-             SIGTSTP, SIGTTIN, SIGTTOU}) {
-        sigaddset(&common, number);
-        struct sigaction ignored_before {};
-        if (::sigaction(number, nullptr, &ignored_before) == 0 && ignored_before.sa_handler != SIG_DFL &&
+    // The numbers that the C library keeps for itself fail here, and are of no concern.
+    for (int number = 1; number <= SIGRTMAX; ++number) {
+        struct sigaction current {};
+        if (::sigaction(number, nullptr, &current) == 0 && current.sa_handler == SIG_IGN &&
             ::signal(number, SIG_DFL) == SIG_ERR)
             return -1;
     }
-    return ::sigprocmask(SIG_UNBLOCK, &common, nullptr);
+    sigset_t none;
+    sigemptyset(&none);
+    return ::sigprocmask(SIG_SETMASK, &none, nullptr);
 }

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "e2e/sandbox_testing.hpp"
@@ -103,7 +104,8 @@ echo "$line$(id -u)$leader $(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 
     }
 
     // What the calls of a start and of a stop are to be: nothing but the driver's gets a session of its own.
-    static std::string start_calls(const std::string& name, const std::string& program, const std::string& path)
+    static std::string start_calls(
+        const std::string& name, const std::string& program, const std::string& path)
     {
         return call(name, "--respawn|--delay=10|--|/usr/bin/" + program + "|--file|" + path + "|", " leads") +
                call("watchdog." + name, "--respawn|--delay=10|--|tavorn-comm-watchdog|" + path + "|");
@@ -175,8 +177,8 @@ TEST_F(StartStop, ADriverIsGivenItsFileAndNothingElse)
     for (const auto& row : rows) {
         fs::remove("/run/witness");
         write_file(row.path, row.settings + "sim witness=/run/witness\n");
-        // A caller with open files.
-        EXPECT_EQ(output_of(std::string(row.tool) + " -c start -o '" +
+        // A caller with open files, and with all signals ignored and blocked.
+        EXPECT_EQ(output_of(std::string("env --ignore-signal --block-signal ") + row.tool + " -c start -o '" +
                             fs::path(row.path).filename().string() + "' 3</run/other 7>>/run/other"),
             "");
         const Facts facts = witness();
@@ -184,6 +186,9 @@ TEST_F(StartStop, ADriverIsGivenItsFileAndNothingElse)
             "argv[0]=" + row.program + "\nargv[1]=--file\nargv[2]=" + row.path + "\n");
         EXPECT_EQ(facts_of(facts, "fd "), descriptors()) << row.program;
         EXPECT_EQ(facts.at("session"), facts.at("pid")) << row.program;
+        // Two of the signals belong to the C library.
+        EXPECT_EQ(std::stoull(facts.at("SigIgn"), nullptr, 16) & ~0x180000000ULL, 0U) << facts.at("SigIgn");
+        EXPECT_EQ(std::stoull(facts.at("SigBlk"), nullptr, 16), 0U) << facts.at("SigBlk");
     }
 }
 
@@ -382,6 +387,8 @@ TEST_F(StartStop, TheManagerBringsADriverBackUntilItIsStopped)
     EXPECT_FALSE(is_alive(pid));
     pid = comes_back_after(pid);
     EXPECT_TRUE(is_alive(pid)) << "only it was stopped";
+    // The manager loses a signal that it is to hand on while it brings a process up.
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
     EXPECT_EQ(output_of("zelm_outctl -c stop -o 'studio a'"), "");
     EXPECT_TRUE(eventually([] { return vectors_with("/mnt/main/tv/outputs/studio a").empty(); }))
         << testing::PrintToString(vectors_with("studio a"));
