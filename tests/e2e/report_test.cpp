@@ -1,0 +1,272 @@
+// The live report of a running item in the listing: whatever a driver answers, or doesn't, the listing comes
+// within its time and says what is so.
+#include <algorithm>
+
+#include "e2e/sandbox_testing.hpp"
+#include "platform/comm.hpp"
+#include "platform/socket_io.hpp"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.socket";
+
+class Report : public Appliance {
+  protected:
+    static void start_main(const std::string& settings, const std::string& driver = "x11")
+    {
+        output_of("rm -rf /mnt/main/tv/outputs/.main.metadir");
+        write_file(std::string(OUTPUTS) + "main", "driver=" + driver + "\n" + settings);
+        EXPECT_EQ(output_of("zelm_outctl -c start -o main"), "");
+        // Without a query: a driver may be told to bear only one.
+        EXPECT_TRUE(eventually([] { return sh("zelm_outctl -c status -o main").status == 0; })) << settings;
+    }
+
+    static Outcome list(const std::string& switches = "--timeout 1")
+    {
+        return sh(
+            "zelm_outctl -c list -o main --no-manifest " + switches +
+            " >/run/listing; status=$?; sed -E 's/(pid|uptime|frames rendered)=[0-9.]+$/\\1=N/' /run/listing; "
+            "exit $status");
+    }
+};
+
+std::size_t count_of(const std::string& text, const std::string& part)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
+TEST_F(Report, ARunningItemIsListedWithWhatItReports)
+{
+    start_main("title=Driver\nlast error=old\n");
+    const std::string file =
+        "#multiline\ntitle=File\ntitle=of two lines\nfullscreen=1\nlast notes=from the file\n"
+        "driver=x11\nlast error=in the file\n";
+    write_file(std::string(OUTPUTS) + "main", file);
+    EXPECT_EQ(list().out, "main{\n"
+                          "\t*\tactive=1\n"
+                          "\t*\tdriver=x11\n"
+                          "\t&\tframes rendered=N\n"
+                          "\t=\tfullscreen=1\n"
+                          "\t*\tlast error=\n"
+                          "\t<..\tlast notes=opened display :0\n"
+                          "\t*\tlast notes=Xv port 63, format I420\n"
+                          "\t*\tpid=N\n"
+                          "\t<..\trecent events=settings read\n"
+                          "\t...\trecent events=socket bound\n"
+                          "\t*\trecent events=serving\n"
+                          "\t&\treports answered=1\n"
+                          "\t*\trunning=1\n"
+                          "\t*\ttitle=Driver\n"
+                          "\t*\tuptime=N\n"
+                          "\t*\tusing fullscreen=0\n"
+                          "\t*\tusing shm=1\n"
+                          "\t*\tusing x11 server=:0\n"
+                          "\t*\tusing xv=1\n"
+                          "\t*\txwindow=56623105\n"
+                          "}\n");
+    EXPECT_EQ(read_file(std::string(OUTPUTS) + "main"), file) << "a report is never written into the file";
+}
+
+TEST_F(Report, AMisbehavingDriverEndsInAHangOrInACorrectListing)
+{
+    const std::string odd = "WARNING: media item report function returns ";
+    const struct {
+        std::string settings;
+        const char* running;  // with the entries around it, as far as they matter
+        const char* has;      // a line that must be there
+        const char* has_not;  // a text that must not be
+        std::string err;
+    } rows[] = {
+        {"", "running=1\n", "\t*\tactive=1\n", "hang", ""},
+        {"sim never answer=1\n", "running=1 hang\n", "\t=\tdriver=x11\n", "active", ""},
+        {"sim no accept=1\n", "running=1 hang\n", "\t*\tpid=", "active", ""},
+        {"sim hang up=1\n", "running=1 hang\n", "\t*\tuptime=", "active", ""},
+        {"sim hang up mid=1\n", "running=1 hang\n", "\t=\tdriver=x11\n", "\tflagged packet=", ""},
+        {"sim crash on report=1\n", "running=1 hang\n", "\t=\tdriver=x11\n", "active", ""},
+        {"sim answer delay ms=200\n", "running=1\n", "\t*\tactive=1\n", "hang", ""},
+        {"sim answer delay ms=2500\n", "running=1 hang\n", "\t=\tdriver=x11\n", "active", ""},
+        {"sim flagged packets=5\n", "running=1\n", "\t*\tactive=1\n", "\tflagged packet=", ""},
+        {"sim odd entries=1\n", "running=1\n", "\t*\t=6\n", "page one=",
+            odd + "page 'page one'. Pages are unsupported.\n" +            //
+                odd + "item that is not status (type '?') 'question'\n" +  //
+                odd + "item that is not status (type '=') 'plain'\n" +     //
+                odd + "item that is not status (type '=') ''\n"},
+        {"sim odd entries=1\nsim flagged packets=1\nsim answer delay ms=50\n", "running=1\n",
+            "\t&\todd status=5\n", "plain",
+            odd + "page 'page one'. Pages are unsupported.\n" +            //
+                odd + "item that is not status (type '?') 'question'\n" +  //
+                odd + "item that is not status (type '=') 'plain'\n" +     //
+                odd + "item that is not status (type '=') ''\n"},
+        {"sim corrupt=short\n", "running=1\n", "\t=\tdriver=x11\n", "active", ""},
+        {"sim corrupt=texts\n", "running=1\n", "\t=\tdriver=x11\n", "active", ""},
+        {"sim corrupt=no-nul\n", "running=1\n", "\t*\tactive=1\n", "xwindow", ""},
+    };
+    // Side by side, for most of them take their whole time.
+    std::string items;
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const std::string item = std::to_string(i);
+        write_file(OUTPUTS + item, "driver=x11\n" + rows[i].settings);
+        items += item + " ";
+    }
+    output_of("zelm_outctl -c start -o all");
+    for (std::size_t i = 0; i < std::size(rows); ++i)
+        EXPECT_TRUE(eventually([&] {
+            return sh("zelm_outctl -c status -o " + std::to_string(i)).status == 0;
+        })) << rows[i].settings;
+    const Clock::time_point begin = Clock::now();
+    output_of("for i in " + items +
+              "; do { zelm_outctl -c list --no-manifest --timeout 1 -o $i >/run/$i.out 2>/run/$i.err; "
+              "echo $? >/run/$i.status; } & done; wait");
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(4));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const auto& row = rows[i];
+        const std::string out = read_file("/run/" + std::to_string(i) + ".out");
+        EXPECT_EQ(read_file("/run/" + std::to_string(i) + ".status"), "0\n") << row.settings;
+        EXPECT_EQ(count_of(out, std::string("\t*\t") + row.running), 1U) << row.settings << out;
+        EXPECT_EQ(count_of(out, row.has), 1U) << row.settings << out;
+        EXPECT_EQ(count_of(out, row.has_not), 0U) << row.settings << out;
+        EXPECT_EQ(read_file("/run/" + std::to_string(i) + ".err"), row.err) << row.settings;
+    }
+}
+
+TEST_F(Report, EntriesBesideTheTableAreEachComplainedOf)
+{
+    const struct {
+        const char* settings;
+        std::size_t least;
+        std::size_t most;
+        const char* has;
+    } rows[] = {
+        {"sim corrupt=empty-header\n", 10, 30, "\t=\tdriver=x11\n"},
+        {"sim corrupt=table\n", 10, 30, "\t=\tdriver=x11\n"},
+        {"sim corrupt=count\n", 0xffff - 30, 0xffff - 10, "\t*\tdriver=x11\n"},
+    };
+    for (const auto& row : rows) {
+        start_main(row.settings);
+        const Outcome outcome = list();
+        EXPECT_EQ(outcome.status, 0) << row.settings;
+        EXPECT_EQ(count_of(outcome.out, "\t*\trunning=1\n"), 1U) << row.settings << outcome.out;
+        EXPECT_EQ(count_of(outcome.out, row.has), 1U) << row.settings << outcome.out;
+        const std::size_t lines = count_of(outcome.err, "Problem reading\n");
+        EXPECT_GE(lines, row.least) << row.settings;
+        EXPECT_LE(lines, row.most) << row.settings;
+        EXPECT_EQ(outcome.err.size(), lines * std::string("Problem reading\n").size())
+            << "nothing else is said";
+        output_of("zelm_outctl -c stop -o main");
+    }
+}
+
+TEST_F(Report, NoiseNeverEndsTheTool)
+{
+    start_main("sim corrupt=random\n");
+    for (int i = 0; i < 40; ++i) {
+        const Outcome outcome = list();
+        ASSERT_EQ(outcome.status, 0) << outcome.err;
+        ASSERT_EQ(count_of(outcome.out, "running="), 1U) << outcome.out;
+    }
+}
+
+TEST_F(Report, AReplyOfAnySizeIsReadWhole)
+{
+    for (const std::string size : {"70000", "2000000"}) {
+        start_main("sim big reply bytes=" + size + "\n");
+        const std::string listing = list("--timeout 5").out;
+        EXPECT_EQ(count_of(listing, "\t*\tbig=" + std::string(std::stoul(size), 'x') + "\n"), 1U)
+            << size << listing.substr(0, 2000);
+        output_of("zelm_outctl -c stop -o main");
+    }
+}
+
+TEST_F(Report, AKeyThatIsReportedAgainGainsALine)
+{
+    start_main("");
+    output_of("zelm_outctl -c set -o main --set 'note=new'");
+    EXPECT_EQ(count_of(list().out, "\t*\tnote=new\n"), 1U) << "told to the driver, and reported once";
+    write_file(std::string(OUTPUTS) + "main", "#multiline\ndriver=x11\nrecent events=a\nrecent events=b\n");
+    EXPECT_EQ(count_of(list().out, "\trecent events="), 3U) << "what the file holds is dropped first";
+}
+
+TEST_F(Report, TheTimeLimitIsKeptAndMayBeNone)
+{
+    start_main("sim never answer=1\n");
+    EXPECT_EQ(sh("timeout 1.2 zelm_outctl -c list --timeout 0").status, 124) << "waits for ever";
+    Clock::time_point begin = Clock::now();
+    EXPECT_EQ(count_of(list("--timeout -1").out, "running=1 hang\n"), 1U);
+    EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(900)) << "below 0 the time has run out at once";
+    begin = Clock::now();
+    EXPECT_EQ(count_of(list("--timeout 2").out, "running=1 hang\n"), 1U);
+    EXPECT_GE(Clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(3900));
+    sh("zelm_outctl -c stop -o main");
+
+    start_main("sim answer delay ms=1100\n");
+    EXPECT_EQ(count_of(list("--timeout 0").out, "\t*\tactive=1\n"), 1U) << "an answer may come late";
+    sh("zelm_outctl -c stop -o main");
+    start_main("");
+    EXPECT_EQ(count_of(list("--timeout -1").out, "running=1 hang\n"), 1U)
+        << "also of one that answers at once";
+}
+
+TEST_F(Report, ProgressIsShownWhenAskedFor)
+{
+    write_file(std::string(OUTPUTS) + "main", "driver=x11\n");
+    output_of("mkdir /mnt/main/tv/outputs/.main.metadir");
+    const std::string connecting = std::string("Connecting to ") + ENTRY + "\n";
+    Descriptor listener(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
+    SocketAddress at;
+    ASSERT_TRUE(at.set(ENTRY));
+    ASSERT_EQ(::bind(listener.get(), reinterpret_cast<const sockaddr*>(&at.address), at.length), 0);
+    // Bound, and so running to all appearance, but refusing every connection.
+    EXPECT_EQ(list("-v --timeout 1").err, connecting + "Connection failed\n");
+    EXPECT_EQ(list("-v --timeout 0").err, connecting + "Connection failed\nTimeout\n");
+    EXPECT_EQ(list("-v --timeout -1").err, connecting + "Connection failed\nTimeout\n");
+    EXPECT_EQ(list("--timeout 0").err, "");
+
+    // With no room for one more connection, connecting itself takes the whole time.
+    ASSERT_EQ(::listen(listener.get(), 0), 0);
+    const CommSocket waiting(comm_socket_v4_create());
+    ASSERT_EQ(comm_socket_v4_connect_to(waiting.get(), ENTRY), 0);
+    const Clock::time_point begin = Clock::now();
+    const Outcome outcome = list("-v --timeout 1");
+    EXPECT_GE(Clock::now() - begin, std::chrono::milliseconds(990));
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(3));
+    EXPECT_EQ(outcome.err, connecting + "Connection failed\nTimeout\n");
+    EXPECT_EQ(count_of(outcome.out, "\t*\trunning=1 hang\n"), 1U);
+    listener.reset();
+
+    start_main("");
+    EXPECT_EQ(list("-v").err, connecting);
+    EXPECT_EQ(list("").err, "");
+}
+
+TEST_F(Report, AnItemIsAskedUnderAPathLongerThanASocketAddress)
+{
+    const std::string name(150, 'n');
+    write_file(OUTPUTS + name, "driver=x11\n");
+    start("zelm_outctl", name);
+    const std::string listing = output_of("zelm_outctl -c list --no-manifest -o " + name);
+    EXPECT_EQ(count_of(listing, "\t*\trunning=1\n"), 1U) << listing;
+    EXPECT_EQ(count_of(listing, "\t*\tactive=1\n"), 1U) << listing;
+    output_of("zelm_outctl -c stop -o " + name);
+    EXPECT_EQ(sh("zelm_outctl -c status -o " + name).status, 1);
+}
+
+TEST_F(Report, OneHungItemDelaysNoOtherBeyondItsOwnTime)
+{
+    for (const char* item : {"a", "b", "c"})
+        write_file(std::string(OUTPUTS) + item,
+            std::string("driver=x11\n") + (*item == 'b' ? "sim never answer=1\n" : ""));
+    output_of("zelm_outctl -c start -o all");
+    EXPECT_TRUE(eventually(
+        [] { return count_of(sh("zelm_outctl -c list --timeout -1").out, "running=1 hang") == 3; }));
+    const std::string listing = output_of("zelm_outctl -c list --timeout 1");
+    EXPECT_EQ(count_of(listing, "\t*\trunning=1\n"), 2U) << listing;
+    EXPECT_EQ(count_of(listing, "\t*\trunning=1 hang\n"), 1U) << listing;
+}
+
+}  // namespace
