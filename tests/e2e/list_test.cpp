@@ -11,7 +11,7 @@ namespace {
 constexpr char MANIFEST[] = "/usr/share/tavorn4/arglist/zelm_sample.al";
 
 class Listing : public Appliance {
-  protected:
+protected:
     void TearDown() override
     {
         fs::remove(MANIFEST);
@@ -206,7 +206,7 @@ TEST_F(Listing, OfARunningItemTellsItsProcess)
 }
 
 class FileTypes : public Listing {
-  protected:
+protected:
     static void write_metadata(const std::string& file, const std::string& text)
     {
         write_file("/run/m/" + file, "");

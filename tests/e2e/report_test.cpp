@@ -13,7 +13,7 @@ using Clock = std::chrono::steady_clock;
 constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.socket";
 
 class Report : public Appliance {
-  protected:
+protected:
     static void start_main(const std::string& settings, const std::string& driver = "x11")
     {
         output_of("rm -rf /mnt/main/tv/outputs/.main.metadir");

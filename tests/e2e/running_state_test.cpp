@@ -34,7 +34,7 @@ pid_t listed_pid()
 
 // A process that holds what the test holds, until it is ended.
 class Holder {
-  public:
+public:
     explicit Holder(const char* name) : m_pid(::fork())
     {
         if (m_pid == 0) {
@@ -52,12 +52,12 @@ class Holder {
     }
     pid_t pid() const { return m_pid; }
 
-  private:
+private:
     pid_t m_pid;
 };
 
 class RunningState : public Appliance {
-  protected:
+protected:
     void SetUp() override
     {
         Appliance::SetUp();

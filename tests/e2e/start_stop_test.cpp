@@ -76,7 +76,7 @@ std::string others_than_root_are_missing()
 
 // A script in the place of /usr/bin/daemon, which writes down each call and does nothing.
 class LoggedDaemon {
-  public:
+public:
     LoggedDaemon()
     {
         write_file("/run/daemon", R"sh(#!/bin/sh
@@ -121,7 +121,7 @@ echo "$line$(id -u)$leader $(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 
         return read_file("/proc/self/mountinfo").find(" /usr/bin ") != std::string::npos;
     }
 
-  private:
+private:
     static std::string call(const std::string& name, const std::string& rest, const char* leads = "")
     {
         return "--noconfig|--name=tavorn." + name + "|" + rest + std::to_string(::getuid()) + leads +
@@ -130,7 +130,7 @@ echo "$line$(id -u)$leader $(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 
 };
 
 class StartStop : public Appliance {
-  protected:
+protected:
     static std::string output(const std::string& item) { return OUTPUTS + item; }
 
     // The words for standard error come from a child that the tool does not wait for.

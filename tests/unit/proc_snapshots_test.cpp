@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 class ProcSnapshots : public testing::Test {
-  protected:
+protected:
     void SetUp() override { stderr_write = ::open_memstream(&m_said, &m_said_size); }
 
     void TearDown() override
@@ -58,7 +58,7 @@ class ProcSnapshots : public testing::Test {
 
     TemporaryDirectory m_directory;
 
-  private:
+private:
     char* m_said = nullptr;
     std::size_t m_said_size = 0;
 };
