@@ -1,15 +1,15 @@
-// What drivers report beside their settings. A new driver's status is a few rows more in the table.
+// What drivers report beside their settings: what a real one would say of the device or stream that it
+// runs. A new driver's status is a few rows more in the table.
 #pragma once
 
-#include <span>
-#include <string_view>
+#include <string>
+#include <vector>
 
-struct DriverStatus {
-    std::string_view driver;  // the driver word; "channel" for channels, empty for every driver
-    char letter;              // the type letter of the entry, mostly "*"
-    std::string_view key;
-    std::string_view value;       // its lines are parted by line feeds; empty: that of the setting `needs`
-    std::string_view needs = {};  // the row counts only for an item that has this setting
+#include "driver_state.hpp"
+
+struct StatusEntry {
+    std::string key;
+    std::string value;  // its lines are parted by line feeds
 };
 
-std::span<const DriverStatus> driver_status();
+std::vector<StatusEntry> driver_status(const DriverState& state);

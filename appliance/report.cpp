@@ -1,6 +1,7 @@
 #include "report.hpp"
 
 #include <map>
+#include <utility>
 
 #include "driver_status.hpp"
 #include "platform/time.hpp"
@@ -15,15 +16,8 @@ using Entries = std::map<std::string, Entry, std::less<>>;
 
 void add_driver_status(Entries& entries, const DriverState& state)
 {
-    for (const DriverStatus& row : driver_status()) {
-        if (!row.driver.empty() && row.driver != state.driver)
-            continue;
-        const std::string_view needed = setting_text(state.settings, row.needs);
-        if (!row.needs.empty() && needed.empty())
-            continue;
-        const std::string_view value = row.value.empty() ? needed : row.value;
-        entries[std::string(row.key)] = {row.letter, std::string(value)};
-    }
+    for (StatusEntry& entry : driver_status(state))
+        entries[std::move(entry.key)] = {'*', std::move(entry.value)};
 }
 
 // What differs from one report to the next.
