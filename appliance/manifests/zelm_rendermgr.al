@@ -94,6 +94,12 @@ default=/var/run/reporting-json
 description=Where to send reporting event data
 ui={"json_type": "array"}
 
+[last report]
+letter=*
+flags=s detail
+description=Last reporting event logged
+ui={"json_type": "string"}
+
 [active]
 letter=*
 flags=s detail
