@@ -119,7 +119,7 @@ description=Status display, of the item playing on the main layer, or the main i
 ui={"json_type": "string"}
 
 [burn in]
-description=Render debug info into the frame" (accepted as string or null; never emitted)
+description=Render debug info into the frame
 ui={"json_type": "string"}
 
 [eia-608 caption status]

@@ -28,10 +28,3 @@ inline void expect_shown(const json11::Json& document, const json11::Json& part,
         EXPECT_EQ(document, part) << where;
     }
 }
-
-inline std::string replaced(std::string text, const std::string& from, const std::string& to)
-{
-    for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
-    return text;
-}

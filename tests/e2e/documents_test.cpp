@@ -240,7 +240,6 @@ struct Unset {
     const char* words;  // of the drivers that have this document, one blank between two
     std::size_t members;
     const char* document;  // DRIVER stands for the word; whole, or some members of it
-    bool is_whole = true;
 };
 
 constexpr char UNSET_CHANNEL[] = R"({"name": "", "reporting": {"interval": 0, "service": null, "mode": ""},
@@ -277,35 +276,30 @@ const Unset UNSET[] = {
         "last_error": null, "using_device": null, "using_fbcon": null, "autostart_item": null})"},
     {"zelm_outctl", "oss pulseaudio", 25, R"({"driver": "DRIVER", "audio_volume": "", "item": null,
         "audio_normalizer_upper_level": 0, "audio_normalizer_decay": 0, "audio_normalizer_enable": false,
-        "audio_normalizer_upper_level_2": null, "active": null, "audio_last_error": null})",
-        false},
+        "audio_normalizer_upper_level_2": null, "active": null, "audio_last_error": null})"},
     {"zelm_outctl", "alsa", 29, R"({"driver": "alsa", "alsa_output": "", "allow_resampling": "",
-        "audio_normalizer_bass_filter": 0, "audio_normalizer_map_mode": null, "autorestart": false})",
-        false},
+        "audio_normalizer_bass_filter": 0, "audio_normalizer_map_mode": null, "autorestart": false})"},
     {"zelm_outctl", "blackmagic_decklink_sdi", 83, R"({"driver": "blackmagic_decklink_sdi",
         "audio_volume": "", "card_index": "", "enable_audio": false, "auto_restart_on_stuck_audio": false,
         "enable_concurrent_init": false, "vanc_test": null, "_10_bit_yuv": null,
-        "auto_restart_if_no_devices": "", "audio_normalizer_attack": 0, "audio_bits": null})",
-        false},
+        "auto_restart_if_no_devices": "", "audio_normalizer_attack": 0, "audio_bits": null})"},
     {"zelm_outctl", "schedule_push", 15, R"({"autostart": null, "driver": "schedule_push", "item": null,
         "active": null, "post_url": null, "post_interval": null, "post_status": null, "ftp1_url": null,
         "ftp1_interval": null, "ftp1_format": "", "ftp1_status": null, "ftp2_url": null,
         "ftp2_interval": null, "ftp2_format": "", "ftp2_status": null})"},
     {"zelm_outctl", "internet_mpeg", 30, R"({"driver": "internet_mpeg", "autorestart": "", "mux_delay": "",
-        "enc": [{}, {"asi__enable": "", "ts": {"hls_enable": ""}}, {}]})",
-        false},
+        "enc": [{}, {"asi__enable": "", "ts": {"hls_enable": ""}}, {}]})"},
     {"zelm_outctl", "shoutcast", 23, R"({"driver": "shoutcast", "autorestart": false, "active": null,
         "audio_channels": "", "audio_rate": null, "audio_normalizer_upper_level": 0,
-        "enc": [{}, {"mp3__strict_iso": "", "enable": ""}, {}]})",
-        false},
-    {"zelm_outctl", "newtek_ndi unheard_of X11", 8, UNSET_CHANNEL, false},
+        "enc": [{}, {"mp3__strict_iso": "", "enable": ""}, {}]})"},
+    {"zelm_outctl", "newtek_ndi unheard_of X11", 8, UNSET_CHANNEL},
     {"zelm_inctl", "trigger_rs232", 16, R"({"port": null, "poll_interval": null, "set_dtr": null,
         "set_rts": null, "load_drivers": "", "ri_signal_name": null, "ri_signal_invert": null,
         "cts_signal_name": null, "cts_signal_invert": null, "dsr_signal_name": null,
         "dsr_signal_invert": null, "dcd_signal_name": null, "dcd_signal_invert": null, "channels": null,
         "autostart": null, "offline": null})"},
     {"zelm_inctl", "video_passthru video_passthru_v2", 95,
-        R"({"driver": "DRIVER", "active": "", "_2_encoding": "", "line_21": ""})", false},
+        R"({"driver": "DRIVER", "active": "", "_2_encoding": "", "line_21": ""})"},
     {"zelm_routectl", "blackmagic_videohub sierra_video_aspen_hdsdi", 8, UNSET_NETWORK_ROUTER},
     {"zelm_routectl", "knox_rs16x16hb knox_rs8x8hb knox_rsii", 9, UNSET_SERIAL_ROUTER},
 };
@@ -321,7 +315,9 @@ TEST_F(Documents, OfItemsWithoutSettingsAreWhole)
             const Json expected = parsed(replaced(row.document, "DRIVER", word));
             EXPECT_EQ(size_of(document), row.members) << word;
             expect_shown(document, expected, word);
-            EXPECT_EQ(document == expected, row.is_whole) << word << document.dump();
+            if (size_of(expected) == row.members) {
+                EXPECT_EQ(document, expected) << word;
+            }
         }
     }
     output_of("zelm_chctl -c create -o channel1");
