@@ -49,7 +49,8 @@ TEST_F(Channel, TakesADocumentIntoItsFile)
         "debug": {"cueStatus": {"scte35": "none"}},
         "regions": {"main": {"kind": "alerts", "part": "text"},
             "item": {"media": {"path": ["", "mnt", "a b.png"], "loop": true, "context": null},
-                "video": {"enable": true, "rendering": false, "geometry": {"position": {"x": 33.5, "y": 50}}}},
+                "video": {"enable": true, "rendering": false,
+                    "geometry": {"position": {"x": 33.5, "y": 50}}}},
             "music": {"media": {"path": ["", "mnt", "tone.wav"]}, "policy": "if-no-audio"},
             "global": [{"audio": {"volume": 80}}, null, {"enable": true}]}}')");
     // The shared key of two video members stands twice, and so does a key of the normalizer. The keys of its
@@ -129,7 +130,8 @@ TEST_F(Channel, ShowsWhatItPlays)
                         "context": 7, "played": 12, "state": "3"}},
                 "urgent": {"media": {"mimeType": "", "leafPath": ["", "no", "such", "file"]}},
                 "music": {"media": {"mimeType": "audio/x-wav", "leafMimeType": "audio/x-wav", "played": 12}},
-                "alerts": {"media": {"media": {"mimeType": "", "context": 7}}, "text": {"media": {"context": null}}},
+                "alerts": {"media": {"media": {"mimeType": "", "context": 7}},
+                    "text": {"media": {"context": null}}},
                 "global": [{"media": {"path": [""], "context": null}}, {}, {}, {}, {}, {}, {}, {}]}})"),
         "live");
 }
