@@ -19,7 +19,7 @@ inline std::size_t size_of(const json11::Json& json)
 inline void expect_shown(const json11::Json& document, const json11::Json& part, const std::string& where)
 {
     for (const auto& [key, value] : part.object_items())
-        expect_shown(document[key], value, where + "." + key);
+        expect_shown(document[key], value, std::string(where).append(".").append(key));
     for (std::size_t i = 0; i < part.array_items().size(); ++i)
         expect_shown(document[i], part[i], where + "." + std::to_string(i));
     if (part.is_array()) {

@@ -303,7 +303,7 @@ Json filled(const Json& json, const std::string& value)
         return value;
     Json::object object;
     for (const auto& [key, member] : json.object_items())
-        object[key] = filled(member, value + " " + key);
+        object[key] = filled(member, std::string(value).append(" ").append(key));
     Json::array array;
     for (const Json& element : json.array_items())
         array.push_back(filled(element, value + " " + std::to_string(array.size())));

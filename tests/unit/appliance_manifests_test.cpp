@@ -48,7 +48,7 @@ TEST(ApplianceManifests, EveryDriverHasOneAndEveryOneLoadsWithItsTexts)
     const Strings types = {"array", "boolean", "integer", "number", "object", "string"};
     for (const std::string& program : PROGRAMS) {
         for (const auto& [key, entry] : manifest_of(program)) {
-            const std::string what = program + ": " + key;
+            const std::string what = std::string(program).append(": ").append(key);
             EXPECT_NE(entry.description, "") << what;
             EXPECT_EQ(types.count(parsed(entry.ui)["json_type"].string_value()), 1U) << what;
             EXPECT_EQ(entry.letter != 0, entry.s_flag) << what << " is a status key or none";
