@@ -3,27 +3,78 @@
 
 namespace {
 
+const std::string LONG_NAME(250, 'n');      // its metadir's name is too long
+const std::string TOO_LONG_NAME(256, 'n');  // no file can be called so
+
+constexpr char CHANNEL_NAME_ERROR[] =
+    "Error: Channel name invalid. Channel name must be 'channel' followed by a number less than 1000000\n";
+constexpr char CHANNEL_NAME_HELP[] = "Channel name must be channel followed by number.\n"
+                                     "Example:\n"
+                                     "   channel1\n"
+                                     "   channel2\n"
+                                     "   channel66\n";
+
+constexpr char CHANNEL_TITLE[] = "zelm_chctl [options]\nTavorn 4.0 channel control\n";
+constexpr char OUTPUT_TITLE[] = "zelm_outctl [options]\nTavorn 4.0 output control\n";
+constexpr char INPUT_TITLE[] = "zelm_inctl [options]\nTavorn 4.0 input control\n";
+constexpr char ROUTER_TITLE[] = "zelm_routctl [options]\nTavorn 4.0 routing control\n";
+
+std::string usage(const std::string& title)
+{
+    const std::string output_line =
+        "   --x11conflict <x>         Only operate on those outputs affected by X11 start/stop\n";
+    return title +
+           "   -c <command>\n"
+           "          start              Start, if not started\n"
+           "          stop               Stop, if not stopped\n"
+           "          list               List\n"
+           "          status             Get status\n"
+           "          set                Update configuration\n"
+           "          create             Create output\n"
+           "          delete             Delete output\n"
+           "          rename             Rename output\n"
+           "   -o <output/channel/etc>   Specify who to act on\n"
+           "   --to <name>               What to rename to\n"
+           "   --force                   For start/stop, force action\n"
+           "   --debug                   Start with debug logging\n"
+           "   --no-manifest             Don't read manifest file\n"
+           "   --quicksummary            Quicksummary mode\n"
+           "   --ex-quicksummary         Everything except quicksummary mode\n"
+           "   --desc                    Include descriptions\n"
+           "   --timeout <t>             Timeout in t seconds (per item). default 10 seconds. Enter -1 for "
+           "infinite wait.\n"
+           "   --kill-timeout            For 'stop', SIGKILL on timeout\n"
+           "   --type <x>                Specify the type. For inputs: trigger-rs232, video-passthru, "
+           "video-passthru-v2\n"
+           "   --name-only               When used with '-c list' list only the names, don't provide "
+           "details\n"
+           "   --stop-only               Stop only the item. If autorestart, the watch daemon will restart "
+           "it.\n" +
+           (title == OUTPUT_TITLE ? output_line : "") +
+           "   --set <name>=<value>      With 'set', change a configuration parameter\n"
+           "   --use-daemon              Start with the 'daemon' tool\n"
+           "   --json                    For -c list, emit list as JSON\n"
+           "                               To set json use json as the key.  For exampe\n"
+           "                               -c set -o channel1 --set 'json={\"global item 8 audio "
+           "volume\":100}'\n"
+           "   --json-from <filename>    Where to consume json from (file or stdin)\n"
+           "                               - is stdin\n"
+           "   --json-out <stringified json> The json to consume\n"
+           "   --json-driver             The driver the consume json is to use\n";
+}
+
 class Messages : public Appliance {
-protected:
-    struct Case {
-        const char* command_line;
-        int status;
-        const char* out;
-        const char* err;
-    };
-
-    static void expect(const Case& row)
+  protected:
+    void SetUp() override
     {
-        const Outcome outcome = sh(row.command_line);
-        EXPECT_EQ(outcome.status, row.status) << row.command_line;
-        EXPECT_EQ(outcome.out, row.out) << row.command_line;
-        EXPECT_EQ(outcome.err, row.err) << row.command_line;
-    }
-
-    template <std::size_t COUNT> static void expect_all(const Case (&rows)[COUNT])
-    {
-        for (const Case& row : rows)
-            expect(row);
+        Appliance::SetUp();
+        // "a" of each role is an item in order.
+        write_file(OUTPUTS + std::string("a"), "driver=x11\n");
+        write_file(CHANNELS + std::string("a"), "");
+        write_file(INPUTS + std::string("a"), "#!video-passthru\n");
+        write_file(ROUTERS + std::string("a"), "driver=knox_rsii\n");
+        for (const char* directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
+            sh("mkdir " + std::string(directory) + "directory " + directory + ".a.metadir");
     }
 };
 
@@ -32,26 +83,336 @@ TEST_F(Messages, OfTheCommandLine)
     expect_all({
         {"zelm_outctl", 1, "", "Unknown command \n"},
         {"zelm_outctl -c frob", 1, "", "Unknown command frob\n"},
+        {"zelm_outctl -c LIST", 1, "", "Unknown command LIST\n"},
         {"zelm_outctl -c list -o ..", 1, "", ".. is not a valid name\n"},
         {"zelm_outctl -c list -o a/b", 1, "", "forward slashes not allowed in name\n"},
+        {"zelm_chctl -c create -o /", 1, "", "forward slashes not allowed in name\n"},
         {"zelm_outctl -o .. -c frob", 1, "", ".. is not a valid name\n"},
         {"zelm_outctl -c set -o a --json-out", 1, "", "--json-out parameter required\n"},
         {"zelm_outctl -c", 1, "", "--c parameter required\n"},
         {"zelm_outctl -c list ---o", 1, "", "--o parameter required\n"},
-        {"zelm_outctl -c create -o a --set", 1, "", "--set parameter required\n"},
+        {"zelm_outctl -c create -o b --set", 1, "", "--set parameter required\n"},
         {"zelm_outctl -c stop", 1, "", "You must specify an output\n"},
         {"zelm_chctl -c start", 1, "", "You must specify an output\n"},
         {"zelm_inctl -c restart", 1, "", "You must specify an output\n"},
         {"zelm_routectl -c set --set a=1", 1, "", "You must specify an output\n"},
         {"zelm_outctl -c status", 1, "", "You must specify an output\n"},
         {"zelm_outctl -c status -o all", 1, "", "You must specify an output\n"},
-        {"zelm_outctl -c status -o autostart", 1, "", "You must specify an output\n"},
+        {"zelm_chctl -c status -o autostart", 1, "", "You must specify an output\n"},
         {"ln -sf /usr/bin/zelm_outctl /run/other; /run/other -c list", 1, "",
             "Error: I don't recognize '/run/other'\n"},
         {"ln -sf /usr/bin/zelm_outctl /run/Zelm_outctl; /run/Zelm_outctl -c list -o ..", 1, "",
             "Error: I don't recognize '/run/Zelm_outctl'\n"},
     });
-    EXPECT_FALSE(exists(std::string(OUTPUTS) + "a")) << "a line that lacks a value does nothing";
+    EXPECT_FALSE(exists(std::string(OUTPUTS) + "b")) << "a line that lacks a value does nothing";
+}
+
+TEST_F(Messages, OfTheUsageOfEachTool)
+{
+    expect_all({
+        {"zelm_chctl --help", 1, "", usage(CHANNEL_TITLE)},
+        {"zelm_outctl -h -c create -o b", 1, "", usage(OUTPUT_TITLE)},
+        {"zelm_inctl ---help frob", 1, "", usage(INPUT_TITLE)},
+        {"zelm_routectl -help", 1, "", usage(ROUTER_TITLE)},
+        {"zelm_chctl frob --help", 1, "", "Unexpected non-switch frob\n" + usage(CHANNEL_TITLE)},
+        {"zelm_outctl -c list ''", 1, "", "Unexpected non-switch \n" + usage(OUTPUT_TITLE)},
+        {"zelm_outctl -c create -o b c", 1, "", "Unexpected non-switch c\n" + usage(OUTPUT_TITLE)},
+        {"zelm_inctl --frob", 1, "", "Unknown switch frob\n" + usage(INPUT_TITLE)},
+        {"zelm_outctl -", 1, "", "Unknown switch \n" + usage(OUTPUT_TITLE)},
+        {"zelm_routectl --Json", 1, "", "Unknown switch Json\n" + usage(ROUTER_TITLE)},
+        {"zelm_routectl --o=a", 1, "", "Unknown switch o=a\n" + usage(ROUTER_TITLE)},
+    });
+    EXPECT_FALSE(exists(std::string(OUTPUTS) + "b"));
+}
+
+TEST_F(Messages, OfAToolByAnotherName)
+{
+    sh("mkdir -p /run/names; ln -sf /usr/bin/zelm_outctl /run/names/other; "
+       "ln -sf /usr/bin/zelm_outctl /run/names/lt-zelm_chctl; "
+       "ln -sf /usr/bin/zelm_outctl /run/names/zelm_routctl");
+    constexpr int ABORTED = 128 + 6;
+    expect_all({
+        // There is no usage text for it.
+        {"exec /run/names/other --help", ABORTED, "", ""},
+        {"exec /run/names/other --frob", ABORTED, "", "Unknown switch frob\n"},
+        {"exec /run/names/other frob", ABORTED, "", "Unexpected non-switch frob\n"},
+        {"/run/names/other --json-out", 1, "", "--json-out parameter required\n"},
+        {"/run/names/zelm_routctl", 1, "", "Error: I don't recognize '/run/names/zelm_routctl'\n"},
+        {"/run/names/lt-zelm_chctl --help", 1, "", usage(CHANNEL_TITLE)},
+    });
+}
+
+TEST_F(Messages, OfStatus)
+{
+    write_file(OUTPUTS + std::string("teapot"), "driver=x11\ndriver=teapot\n");
+    write_file(OUTPUTS + std::string("none"), "# driver=x11\n");
+    write_file(OUTPUTS + LONG_NAME, "driver=alsa\n");
+    write_file(ROUTERS + std::string("teapot"), "driver=teapot\n");
+    write_file(ROUTERS + std::string("none"), "driver=teapot\ndriver=\n");
+    expect_all({
+        {"zelm_outctl -c status -o a", 1, "Driver x11 process is stopped\n", ""},
+        {"zelm_chctl -c status -o a", 1, "Driver a process is stopped\n", ""},
+        {"zelm_inctl -c status -o a", 1, "Driver a process is stopped\n", ""},
+        {"zelm_routectl -c status -o a", 1, "Driver knox_rsii process is stopped\n", ""},
+        {"zelm_routectl -c status -o teapot", 1, "Driver teapot process is stopped\n", ""},
+        {"zelm_routectl -c status -o none", 1, "Driver  process is stopped\n",
+            "WARNING: Unable to identify driver\n"},
+        {"zelm_outctl -c status -o teapot", 1, "Driver  process is stopped\n",
+            "WARNING: Unrecognized driver teapot\nWARNING: Unable to identify driver\n"},
+        {"zelm_outctl -c status -o none", 1, "Driver  process is stopped\n",
+            "WARNING: Unrecognized driver \nWARNING: Unable to identify driver\n"},
+        {"zelm_outctl -c status -o gone", 1, "",
+            "/mnt/main/tv/outputs/gone config does not exist\nUnable to read config file\n"},
+        {"zelm_routectl -c status -o gone", 1, "",
+            "/mnt/main/tv/routing/gone config does not exist\nUnable to read config file\n"},
+        {"zelm_chctl -c status -o channel1", 1, "Driver channel1 process is stopped\n",
+            "No such output config /mnt/main/tv/rendermgr/channel1\n"},
+        {"zelm_inctl -c status -o directory", 1, "Driver directory process is stopped\n",
+            "No such output config /mnt/main/tv/inputs/directory\n"},
+        {"zelm_outctl -c status -o " + LONG_NAME, 1, "Driver alsa process is stopped\n",
+            "Cannot get metadir\n"},
+        {"zelm_chctl -c status -o .", 1, "Driver . process is stopped\n",
+            "No such output config /mnt/main/tv/rendermgr/.\n"},
+    });
+    start("zelm_chctl", "a");
+    expect_all({{"zelm_chctl -c status -o a", 0, "Driver a process is running\n", ""}});
+}
+
+TEST_F(Messages, OfStartAndStop)
+{
+    write_file(OUTPUTS + std::string("teapot"), "driver=teapot\n");
+    write_file(INPUTS + std::string("odd"), "#! video passthru\n");
+    write_file(INPUTS + std::string("none"), "\n#!video-passthru\n");
+    write_file(ROUTERS + std::string("none"), "");
+    const std::string unreadable = " config does not exist\nUnable to read config file\n";
+    const std::string odd_marker =
+        "WARNING: unknown marker 'video passthru'. Did you mean #!video-passthru?\n";
+    const std::string no_driver = "WARNING: Unable to identify driver\n";
+    const std::string teapot = "WARNING: Unrecognized driver teapot\n" + no_driver;
+    expect_all({
+        {"zelm_outctl -c start -o gone", 1, "", "/mnt/main/tv/outputs/gone" + unreadable},
+        {"zelm_inctl -c start -o gone", 1, "", "/mnt/main/tv/inputs/gone" + unreadable},
+        {"zelm_routectl -c restart -o gone", 1, "",
+            "No such output config /mnt/main/tv/routing/gone\n/mnt/main/tv/routing/gone" + unreadable},
+        {"zelm_outctl -c stop -o gone", 1, "", "/mnt/main/tv/outputs/gone" + unreadable},
+        {"zelm_inctl -c stop -o gone", 0, "", "No such output config /mnt/main/tv/inputs/gone\n"},
+        {"zelm_chctl -c stop -o gone", 0, "", "No such output config /mnt/main/tv/rendermgr/gone\n"},
+        // The child that was to become the driver has the last word, so all of it goes through a pipe.
+        {"zelm_chctl -c start -o channel1 2>&1 | cat", 0,
+            "No such output config /mnt/main/tv/rendermgr/channel1\n"
+            "/mnt/main/tv/rendermgr/channel1 config does not exist\n"
+            "Unable to stat /mnt/main/tv/rendermgr/channel1\n",
+            ""},
+        {"zelm_chctl -c start -o channel1 2>/dev/null", 0, "", ""},
+        {"zelm_outctl -c start -o teapot", 0, "", teapot},
+        {"zelm_outctl -c stop -o teapot", 0, "", teapot},
+        {"zelm_inctl -c start -o odd", 0, "", odd_marker + no_driver},
+        {"zelm_inctl -c start -o none", 0, "", no_driver},
+        {"zelm_routectl -c start -o none", 0, "", no_driver},
+        {"zelm_inctl -c stop -o odd", 0, "", ""},
+        {"zelm_outctl -c stop -o a", 0, "", ""},
+        {"zelm_outctl -c stop -o a --force", 0, "", "Did not identify PID of the driver\n"},
+        {"mkdir -p /mnt/main/tv/debug/output..teapot; zelm_outctl -c start -o teapot --debug 2>&1 | cat", 0,
+            teapot + "Warning: I was unable to open debug output /mnt/main/tv/debug/output..teapot\n", ""},
+        {"rm -r /mnt/main/tv/outputs; zelm_outctl -c start -o all", 1, "", ""},
+        {"zelm_outctl -c stop -o autostart", 1, "", ""},
+    });
+}
+
+TEST_F(Messages, OfCreate)
+{
+    const std::string no_name = "You must specify what to name the output to create\n";
+    const std::string no_type = "Input creation needs a valid type.\n" + usage(INPUT_TITLE);
+    expect_all({
+        {"zelm_outctl -c create", 1, "", no_name},
+        {"zelm_chctl -c create -o all", 1, "", no_name},
+        {"zelm_inctl -c create -o autostart --type frob", 1, "", no_name},
+        {"zelm_routectl -c create -o ''", 1, "", no_name},
+        {"zelm_inctl -c create -o b", 1, "", no_type},
+        {"zelm_inctl -c create -o b --type video_passthru", 1, "", no_type},
+        {"zelm_inctl -c create -o b --type Video-Passthru", 1, "", no_type},
+        {"zelm_chctl -c create -o ch7", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
+        {"zelm_outctl -c create -o a", 1, "Error: Already exists\n", ""},
+        {"zelm_routectl -c create -o directory", 1, "Error: Already exists\n", ""},
+        {"zelm_outctl -c create -o .", 1, "Error: Already exists\n", ""},
+        {"zelm_outctl -c create -o " + TOO_LONG_NAME, 1, "Failed to create input, File name too long\n", ""},
+        {"rm -r /mnt/main/tv; ln -s /run/nowhere /mnt/main/tv; zelm_chctl -c create -o channel1", 1,
+            "Failed to create dir, No such file or directory\n", ""},
+        {"rm /mnt/main/tv; touch /mnt/main/tv; zelm_outctl -c create -o b", 1,
+            "Error: Cannot stat dir, Not a directory\n", ""},
+    });
+}
+
+TEST_F(Messages, OfCloneAndRenameWhichShareTheirChecks)
+{
+    for (const std::string verb : {" -c clone", " -c rename"}) {
+        const std::string no_name = "You must specify what to name the output to rename\n";
+        const std::string no_target = "You must specify what to rename to\n";
+        expect_all({
+            {"zelm_outctl" + verb + " --to b", 1, "", no_name},
+            {"zelm_chctl" + verb + " -o all --to b", 1, "", no_name},
+            {"zelm_inctl" + verb + " -o autostart --to b", 1, "", no_name},
+            {"zelm_outctl" + verb + " -o a", 1, "", no_target},
+            {"zelm_chctl" + verb + " -o a --to ''", 1, "", no_target},
+            {"zelm_inctl" + verb + " -o a --to ..", 1, "", no_target},
+            {"zelm_routectl" + verb + " -o a --to ../b", 1, "", no_target},
+            {"zelm_outctl" + verb + " -o gone --to gone", 0, "", "OK. Nothing to change\n"},
+            {"zelm_chctl" + verb + " -o ch --to ch", 0, "", "OK. Nothing to change\n"},
+            {"zelm_chctl" + verb + " -o a --to channel0", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
+            {"zelm_outctl" + verb + " -o gone --to b", 1, "Error: No such output\n", ""},
+            {"zelm_chctl" + verb + " -o gone --to channel1", 1, "Error: No such output\n", ""},
+            {"zelm_outctl" + verb + " -o " + TOO_LONG_NAME + " --to b", 1, "Error: File name too long\n", ""},
+            {"zelm_routectl" + verb + " -o directory --to b", 1, "Error: filesystem entry not a file\n", ""},
+            {"zelm_outctl" + verb + " -o . --to b", 1, "Error: filesystem entry not a file\n", ""},
+            {"zelm_inctl" + verb + " -o a --to directory", 1, "Error: target name already exists\n", ""},
+            {"zelm_outctl" + verb + " -o a --to " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
+            {"zelm_outctl" + verb + " -o a --to " + LONG_NAME, 1, "", "Cannot get metadir\n"},
+        });
+    }
+    EXPECT_EQ(read_file(std::string(OUTPUTS) + "a"), "driver=x11\n");
+    EXPECT_FALSE(exists(std::string(OUTPUTS) + "b"));
+}
+
+TEST_F(Messages, OfDelete)
+{
+    const std::string no_name = "You must specify what to name the output to delete\n";
+    write_file(OUTPUTS + LONG_NAME, "");
+    expect_all({
+        {"zelm_outctl -c delete", 1, "", no_name},
+        {"zelm_chctl -c delete -o all", 1, "", no_name},
+        {"zelm_routectl -c delete -o autostart", 1, "", no_name},
+        {"zelm_inctl -c delete -o gone", 1, "Error: No such output\n", ""},
+        {"zelm_outctl -c delete -o " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
+        {"zelm_chctl -c delete -o directory", 1, "Error: filesystem entry not a file\n", ""},
+        // The running test says it first.
+        {"zelm_outctl -c delete -o " + LONG_NAME, 1, "", "Cannot get metadir\nCannot get metadir\n"},
+    });
+}
+
+TEST_F(Messages, OfSet)
+{
+    write_file(OUTPUTS + LONG_NAME, "b=1");
+    write_file(CHANNELS + std::string(".b.metadir"), "no directory");
+    write_file(CHANNELS + std::string("b"), "b=1");
+    const std::string no_output = "No such output config /mnt/main/tv/";
+    expect_all({
+        {"zelm_outctl -c set", 1, "", "You must specify an output\n"},
+        {"zelm_outctl -c set -o gone --set a=1", 0, "", no_output + "outputs/gone\n"},
+        {"zelm_chctl -c set -o directory --set a=1", 0, "", no_output + "rendermgr/directory\n"},
+        {"ln -s a /mnt/main/tv/inputs/link; zelm_inctl -c set -o link --set a=1", 0, "",
+            no_output + "inputs/link\n"},
+        {"zelm_routectl -c set -o all --set a=1", 0, "", no_output + "routing/all\n"},
+        {"zelm_routectl -c set -o " + TOO_LONG_NAME, 0, "", no_output + "routing/" + TOO_LONG_NAME + "\n"},
+        {"zelm_outctl -c set -o " + LONG_NAME + " --set a=1", 0, "", "Cannot get metadir\n"},
+        {"zelm_chctl -c set -o b --set a=1", 0, "", "Unable to create temp\n"},
+    });
+    EXPECT_EQ(read_file(OUTPUTS + LONG_NAME), "b=1");
+    EXPECT_EQ(read_file(CHANNELS + std::string("b")), "b=1");
+}
+
+TEST_F(Messages, OfAUserWithoutRights)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    const std::string nobody = AS_NOBODY;
+    const std::string denied = ", Permission denied\n";
+    write_file(OUTPUTS + std::string("secret"), "driver=x11\n");
+    sh("chmod 600 /mnt/main/tv/outputs/secret; mkdir -m 777 /mnt/main/tv/outputs/.secret.metadir");
+    expect_all({
+        {nobody + "zelm_outctl -c create -o b", 1, "Failed to create input" + denied, ""},
+        {nobody + "zelm_outctl -c clone -o secret --to b", 1, "", "Cannot open source file" + denied},
+        {nobody + "zelm_outctl -c clone -o a --to b", 1, "", "Cannot open target file" + denied},
+        {nobody + "zelm_outctl -c rename -o a --to b", 1, "Error: Failed to rename output a" + denied,
+            "WARNING: Failed to rename metadata dir for a" + denied},
+        {nobody + "zelm_outctl -c delete -o a", 1, "Error: Failed to remove a" + denied,
+            "WARNING: failed to remove metadir for a" + denied},
+        {nobody + "zelm_outctl -c set -o secret --set a=1", 0, "", "Unable to open source\n"},
+        {nobody + "zelm_outctl -c set -o a --set a=1", 0, "", "Unable to create temp\n"},
+        {"chmod 777 /mnt/main/tv/outputs /mnt/main/tv/outputs/.a.metadir; " + nobody +
+                "zelm_outctl -c set -o a --set b=1",
+            0, "", "Warning: failed to preserve credentials\n"},
+        {"cat /mnt/main/tv/outputs/a", 0, "#multiline\ndriver=x11\nb=1\n", ""},
+        // A directory that can be passed through but not read: nothing happens, which is no failure.
+        {"chmod 711 /mnt/main/tv/outputs; " + nobody + "zelm_outctl -c clone -o a --to b", 0, "", ""},
+        {nobody + "zelm_outctl -c rename -o a --to b", 0, "", ""},
+        {nobody + "zelm_outctl -c delete -o a", 0, "", ""},
+        {nobody + "zelm_outctl -c list", 1, "", ""},
+        {"chmod 700 /mnt/main/tv/outputs; " + nobody + "zelm_outctl -c delete -o a", 1,
+            "Error: Permission denied\n", ""},
+        {"rm -r /mnt/main/tv/routing; " + nobody + "zelm_routectl -c create -o b", 1,
+            "Failed to create dir" + denied, ""},
+    });
+}
+
+TEST_F(Messages, OfADriverThatMayNotBecomeItsOwner)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    const std::string debug_file = "/mnt/main/tv/debug/output.x11.a";
+    const std::string start_as_nobody = std::string(AS_NOBODY) + "zelm_outctl -c start -o a --debug";
+    sh("mkdir -m 777 /mnt/main/tv/debug");
+    expect_all({{start_as_nobody, 0, "", ""}});
+    const std::string failure = "setgid() failed, Operation not permitted\n";
+    EXPECT_TRUE(eventually([&] { return read_file(debug_file) == failure; })) << read_file(debug_file);
+    expect_all({{"chgrp 65534 /mnt/main/tv/outputs/a; " + start_as_nobody, 0, "", ""}});
+    const std::string both = failure + "setuid() failed, Operation not permitted\n";
+    EXPECT_TRUE(eventually([&] { return read_file(debug_file) == both; })) << read_file(debug_file);
+
+    // Rights to see the driver, and none to signal it.
+    start("zelm_outctl", "a");
+    expect_all({
+        {"setpriv --reuid=65534 --inh-caps +sys_ptrace,+dac_read_search "
+         "--ambient-caps +sys_ptrace,+dac_read_search zelm_outctl -c stop -o a",
+            0, "", "Driver not running x11, Operation not permitted\n"},
+        {"zelm_outctl -c status -o a", 0, "Driver x11 process is running\n", ""},
+    });
+}
+
+TEST_F(Messages, OfForksThatFail)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no limit on processes holds for root";
+    // The sanitizers' search for leaks would fork as well.
+    const std::string forkless =
+        std::string("ASAN_OPTIONS=$ASAN_OPTIONS:detect_leaks=0 ") + AS_NOBODY + "prlimit --nproc=1 ";
+    sh("chmod 777 /mnt/main/tv/inputs");
+    expect_all({
+        {forkless + "zelm_outctl -c start -o a", 1, "", "fork failed\nUnable to start driver x11\n"},
+        {forkless + "zelm_outctl -c stop -o a", 255, "", "fork failed\n"},
+        {forkless + "zelm_outctl -c stop -o all", 0, "", "fork failed\n"},
+        {forkless + "zelm_chctl -c restart -o a", 1, "",
+            "fork failed\nfork failed\nUnable to start driver \n"},
+        {forkless + "zelm_inctl -c create -o b --type trigger-rs232", 1, "", "can't make meta\n"},
+        {forkless + "zelm_inctl -c clone -o a --to c", 1, "", "can't make meta\n"},
+        {"cat /mnt/main/tv/inputs/b /mnt/main/tv/inputs/c", 0, "#!trigger-rs232\n#!video-passthru\n", ""},
+    });
+}
+
+TEST_F(Messages, OfAFileThatIsInUse)
+{
+    const std::string file = OUTPUTS + std::string("a");
+    const Mount pinned("--bind " + file, file);
+    if (!pinned)
+        GTEST_SKIP() << "nothing can be mounted here";
+    expect_all({
+        {"zelm_outctl -c rename -o a --to b", 1,
+            "Error: Failed to rename output a, Device or resource busy\n", ""},
+        {"zelm_outctl -c delete -o a", 1, "Error: Failed to remove a, Device or resource busy\n",
+            "WARNING: failed to remove metadir for a, No such file or directory\n"},
+        {"zelm_outctl -c set -o a --set b=1", 0, "",
+            "Unable to replace /mnt/main/tv/outputs/a, Device or resource busy\n"},
+        {"ls -A /mnt/main/tv/outputs/.a.metadir", 0, "", ""},
+    });
+    EXPECT_TRUE(exists(OUTPUTS + std::string(".b.metadir"))) << "it has moved and isn't moved back";
+    EXPECT_EQ(read_file(file), "driver=x11\n");
+}
+
+TEST_F(Messages, ThatHaveNowhereToGo)
+{
+    expect_all({
+        {"zelm_outctl -c list -o a >/dev/full", 1, "", "Unable to write output, No space left on device\n"},
+        {"zelm_outctl -c status -o a >&-", 1, "", ""},
+    });
 }
 
 }  // namespace

@@ -76,6 +76,32 @@ std::string output_of(const std::string& command_line)
     return outcome.out;
 }
 
+void expect_all(const std::vector<Expected>& rows)
+{
+    for (const Expected& row : rows) {
+        const Outcome outcome = sh(row.command_line);
+        EXPECT_EQ(outcome.status, row.status) << row.command_line;
+        EXPECT_EQ(outcome.out, row.out) << row.command_line;
+        EXPECT_EQ(outcome.err, row.err) << row.command_line;
+    }
+}
+
+bool has_other_users()
+{
+    return sh(std::string(AS_NOBODY) + "true").status == 0;
+}
+
+Mount::Mount(const std::string& arguments, const std::string& where)
+    : m_where(where), m_mounted(sh("mount " + arguments + " '" + where + "'").status == 0)
+{
+}
+
+Mount::~Mount()
+{
+    if (m_mounted)
+        sh("umount '" + m_where + "'");
+}
+
 void write_file(const std::string& path, const std::string& text)
 {
     fs::create_directories(fs::path(path).parent_path());

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 // What a command line did. A process that a signal ended has the status 128 and the signal's number.
 struct Outcome {
@@ -20,6 +21,34 @@ Outcome sh(const std::string& command_line);
 
 // The standard output of a command line that must succeed and be silent on standard error.
 std::string output_of(const std::string& command_line);
+
+// Command lines, and what they must do.
+struct Expected {
+    std::string command_line;
+    int status;
+    std::string out;
+    std::string err;
+};
+void expect_all(const std::vector<Expected>& rows);
+
+// Runs what follows as a user without rights. What needs it is skipped where there are no other users.
+constexpr char AS_NOBODY[] = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
+bool has_other_users();
+
+// A mount that lasts as long as the object; false where the machine refuses it.
+class Mount {
+  public:
+    // `arguments` are those of mount(8) in front of the directory or file.
+    Mount(const std::string& arguments, const std::string& where);
+    ~Mount();
+    Mount(const Mount&) = delete;
+    Mount& operator=(const Mount&) = delete;
+    explicit operator bool() const { return m_mounted; }
+
+  private:
+    std::string m_where;
+    bool m_mounted;
+};
 
 void write_file(const std::string& path, const std::string& text);
 std::string read_file(const std::string& path);  // "" when it can't be read
