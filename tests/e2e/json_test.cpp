@@ -1,0 +1,198 @@
+// An output's JSON document, out by "list --json" and in by "set", and what happens to a bad one.
+#include "e2e/sandbox_testing.hpp"
+
+using namespace std::string_literals;
+
+namespace {
+
+const std::string FILE_A = OUTPUTS + "a"s;
+
+constexpr char EMPTY_X11[] =
+    R"({"behavior": {"autostart": false, "autostartSource": false, "restart": false}, )"
+    R"("debug": {"lastError": "", "lastNotes": ""}, "driver": "x11", "name": "", "source": [""], )"
+    R"("video": {"rate": 0, "stretch": false}, )"
+    R"("x11": {"active": false, "fullscreen": {"enable": false, "position": {"x": 0, "y": 0}, "using": false}, )"
+    R"("keepAbove": false, "modeset": false, "resize": false, "server": "", )"
+    R"("shm": {"enable": false, "using": false}, "title": "", "window": 0, )"
+    R"("xv": {"enable": false, "using": false}}})"
+    "\n";
+
+constexpr char FULL_X11[] =
+    R"({"behavior": {"autostart": true, "autostartSource": true, "restart": true}, )"
+    R"("debug": {"lastError": "err", "lastNotes": "one\ntwo"}, "driver": "x11", "name": "", )"
+    R"("source": ["", "mnt", "main", "tv", "rendermgr", "channel1"], )"
+    R"("video": {"rate": 25, "stretch": true}, )"
+    R"("x11": {"active": true, "fullscreen": {"enable": true, "position": {"x": -10, "y": 20}, "using": true}, )"
+    R"("keepAbove": true, "modeset": true, "resize": true, "server": ":0", )"
+    R"("shm": {"enable": true, "using": true}, "title": "T \"q\"", "window": 77, )"
+    R"("xv": {"enable": true, "using": true}}})"
+    "\n";
+
+// What the full document sets, in the order of the schema.
+constexpr char FULL_FLAT[] = "#multiline\n"
+                             "driver=x11\n"
+                             "item=/mnt/main/tv/rendermgr/channel1\n"
+                             "autostart=1\n"
+                             "autorestart=1\n"
+                             "autostart item=1\n"
+                             "title=T \"q\"\n"
+                             "always on top=1\n"
+                             "modechange=1\n"
+                             "always resize window=1\n"
+                             "active=1\n"
+                             "xwindow=77\n"
+                             "using x11 server=:0\n"
+                             "disable xv=1\n"
+                             "using xv=1\n"
+                             "disable shm=1\n"
+                             "using shm=1\n"
+                             "fullscreen=1\n"
+                             "using fullscreen=1\n"
+                             "fullscreen x=-10\n"
+                             "fullscreen y=20\n"
+                             "disable stretching=1\n"
+                             "frame rate reduce=25\n"
+                             "last error=err\n"
+                             "last notes=one\n"
+                             "last notes=two\n";
+
+class JsonDocuments : public Appliance {
+  protected:
+    static std::string document_of(const std::string& file, const std::string& switches = "--no-manifest")
+    {
+        write_file(FILE_A, file);
+        return output_of("zelm_outctl -c list -o a --json " + switches);
+    }
+
+    static std::string after_set(const std::string& file, const std::string& switches)
+    {
+        write_file(FILE_A, file);
+        EXPECT_EQ(output_of("zelm_outctl -c set -o a " + switches), "");
+        return read_file(FILE_A);
+    }
+};
+
+TEST_F(JsonDocuments, OfX11OutputsComeOutAsTheyWentIn)
+{
+    EXPECT_EQ(document_of("driver=x11\n"), EMPTY_X11);
+    EXPECT_EQ(document_of(FULL_FLAT), FULL_X11);
+    write_file("/run/document.json", FULL_X11);
+    for (const char* from : {"--json-from /run/document.json", "--json-from - </run/document.json",
+             "--json-out \"$(cat /run/document.json)\"", "--json-out '{' --json-from - </run/document.json"})
+        EXPECT_EQ(after_set("driver=x11\n", "--json-driver x11 "s + from), FULL_FLAT) << from;
+    EXPECT_EQ(output_of("zelm_outctl -c list -o a --json --no-manifest"), FULL_X11);
+}
+
+TEST_F(JsonDocuments, WithOddSettingsInTheFile)
+{
+    // A word that is no "1" is false, and no number is 0; nothing of it ends the run.
+    const std::string odd = "driver=x11\nautostart=true\nalways on top=01\nxwindow=abc\nfullscreen x=12abc\n"
+                            "fullscreen y=3000000000\nframe rate reduce= 7 \nitem=a//b/\ntitle=\xff\x01\n";
+    const std::string document = document_of(odd);
+    for (const char* part : {R"("autostart": false)", R"("keepAbove": false)", R"("window": 0)", R"("x": 12)",
+             R"("y": 0)", R"("rate": 7)", R"("source": ["a", "", "b", ""])", "\"title\": \"\xff\\u0001\""})
+        EXPECT_NE(document.find(part), std::string::npos) << part << " in " << document;
+}
+
+TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
+{
+    const struct {
+        const char* switches;
+        const char* result;
+    } ROWS[] = {
+        {R"(--json-out '{"x11":{"fullscreen":{"position":{"x":10}}}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=old\nfullscreen x=10\n"},
+        {R"(--json-out '{"x11":{"title":"new"}}' --set kept=2 --set title=lost)",
+            "#multiline\ndriver=x11\nkept=1\ntitle=new\n"},
+        {R"(--json-out '{"x11":{"title":""}}')", "#multiline\ndriver=x11\nkept=1\n"},
+        {R"(--json-out '{"x11":{"title":null},"video":{"rate":null,"stretch":null}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=Tavorn 4 X11/XVideo output\ndisable stretching=1\n"
+            "frame rate reduce=0\n"},
+        {R"(--json-out '{"driver":"alsa","name":"other"}')", "#multiline\ndriver=x11\nkept=1\ntitle=old\n"},
+        {R"(--json-out '{"behavior":{"autostart":1,"restart":"1"},"video":{"rate":2.9}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=old\nautostart=0\nautorestart=0\nframe rate reduce=2\n"},
+        {R"(--json-out '{"x11":{"title":{"a":[1,null]},"window":"abc"}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle={\"a\": [1, null]}\nxwindow=abc\n"},
+        {R"(--json-out '{"source":["","a",5,"b"]}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=old\nitem=/a//b\n"},
+        {R"(--json-out '{"x11":7}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=Tavorn 4 X11/XVideo output\nalways on top=0\nmodechange=0\n"
+            "always resize window=0\nactive=0\nxwindow=0\n"},
+        {R"(--json-out '{"x11":{"title":"a\nb"}}')", "#multiline\ndriver=x11\nkept=1\ntitle=a\ntitle=b\n"},
+        // What changes nothing still rewrites the file, and the pairs are gone.
+        {"--json-out '{}' --set kept=2", "#multiline\ndriver=x11\nkept=1\ntitle=old\n"},
+        {"--json-out '[1]'", "#multiline\ndriver=x11\nkept=1\ntitle=old\n"},
+        {"--json-out '{\"x11\":' --set kept=2", "#multiline\ndriver=x11\nkept=1\ntitle=old\n"},
+        {"--json-out 'no JSON' --set kept=2", "#multiline\ndriver=x11\nkept=1\ntitle=old\n"},
+        {"--json-from /usr --set kept=2", "#multiline\ndriver=x11\ntitle=old\nkept=2\n"},
+        // An empty text is no document.
+        {"--json-out '' --set kept=2", "#multiline\ndriver=x11\ntitle=old\nkept=2\n"},
+        {"--json-from - --set kept=2 </dev/null", "#multiline\ndriver=x11\ntitle=old\nkept=2\n"},
+        {"--json-out '{}' --json-from /no/such/file --set kept=2",
+            "#multiline\ndriver=x11\ntitle=old\nkept=2\n"},
+        // The last one on the line counts.
+        {R"(--json-from /no/such/file --json-out '{"x11":{"title":"1"}}' --json-out '{"x11":{"title":"2"}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=2\n"},
+        {R"(--json-driver alsa --json-driver x11 --json-out '{"x11":{"title":"2"}}')",
+            "#multiline\ndriver=x11\nkept=1\ntitle=2\n"},
+    };
+    for (const auto& row : ROWS)
+        EXPECT_EQ(
+            after_set("driver=x11\nkept=1\ntitle=old\n", "--json-driver x11 "s + row.switches), row.result)
+            << row.switches;
+}
+
+TEST_F(JsonDocuments, AreReadAsAChannelsUnlessADriverIsNamed)
+{
+    for (const char* driver : {"", "--json-driver ''", "--json-driver X11", "--json-driver newtek_ndi"})
+        EXPECT_EQ(after_set("driver=x11\nkept=1\n", driver + R"( --json-out '{"x11":{"title":"2"}}')"s),
+            "#multiline\ndriver=x11\nkept=1\n")
+            << driver;
+    const std::string channel = document_of("");
+    EXPECT_EQ(document_of("driver=newtek_ndi\n"), channel);
+    EXPECT_EQ(document_of("driver=X11\n"), channel);
+    EXPECT_EQ(document_of("driver=x11 \n"), channel);
+    EXPECT_EQ(channel.find("\"x11\""), std::string::npos);
+}
+
+TEST_F(JsonDocuments, OfSeveralItemsAreOneOfTheFirst)
+{
+    sh("cd /mnt/main/tv/outputs; printf 'driver=x11\ntitle=first\n' >b; "
+       "printf 'driver=fbdev\ntitle=second\nframe rate reduce=5\n' >c");
+    const Outcome listing = sh("zelm_outctl -c list --json --no-manifest");
+    EXPECT_NE(listing.out.find(R"("title": "first")"), std::string::npos) << listing.out;
+    EXPECT_NE(listing.out.find(R"("rate": 5)"), std::string::npos) << "the first has none of its own";
+    expect_all({
+        {"zelm_outctl -c list --json -o gone", 0, "{}\n", ""},
+        {"zelm_inctl -c list --json", 0, "{}\n", ""},
+        {"zelm_outctl -c list --json --name-only", 0, "b\nc\n", ""},
+        {"zelm_outctl -c list --json --name-only -o gone", 0, "", ""},
+        {"zelm_outctl -c list --json -o b --no-manifest --quicksummary | grep -c '\"title\": \"first\"'", 0,
+            "1\n", ""},
+        // Other commands don't look at documents.
+        {"zelm_outctl -c status -o b --json --json-out '{' --json-driver x11", 1,
+            "Driver x11 process is stopped\n", ""},
+        {"rm -r /mnt/main/tv/routing; zelm_routectl -c list --json", 1, "{}\n", ""},
+    });
+}
+
+TEST_F(JsonDocuments, OfARunningOutputHoldItsStatus)
+{
+    write_file(FILE_A, "driver=x11\ntitle=Old\n");
+    start("zelm_outctl", "a");
+    EXPECT_EQ(
+        output_of("zelm_outctl -c set -o a --json-driver x11 --json-out "
+                  R"('{"driver":"x11","name":"n","x11":{"title":"New","fullscreen":{"enable":true}}}')"),
+        "");
+    EXPECT_EQ(read_file(FILE_A), "#multiline\ndriver=x11\ntitle=New\nfullscreen=1\n");
+    const std::string running = output_of("zelm_outctl -c list --json -o a");
+    for (const char* part : {R"("active": true)", R"("window": 56623105)", R"("server": ":0")",
+             R"("title": "New")", R"("fullscreen": {"enable": true)"})
+        EXPECT_NE(running.find(part), std::string::npos) << part << " in " << running;
+    sh("zelm_outctl -c stop -o a");
+    const std::string stopped = output_of("zelm_outctl -c list --json --no-manifest -o a");
+    for (const char* part : {R"("active": false)", R"("window": 0)", R"("server": "")", R"("title": "New")"})
+        EXPECT_NE(stopped.find(part), std::string::npos) << part << " in " << stopped;
+}
+
+}  // namespace
