@@ -1,6 +1,9 @@
 // The words that front ends and scripts depend on: each message with its stream and exit status.
 #include "e2e/sandbox_testing.hpp"
 
+#include <set>
+#include <sstream>
+
 namespace {
 
 const std::string LONG_NAME(250, 'n');      // its metadir's name is too long
@@ -413,6 +416,96 @@ TEST_F(Messages, ThatHaveNowhereToGo)
         {"zelm_outctl -c list -o a >/dev/full", 1, "", "Unable to write output, No space left on device\n"},
         {"zelm_outctl -c status -o a >&-", 1, "", ""},
     });
+}
+
+class CommandLine : public Appliance {
+  protected:
+    // The processes of the outputs that run and whose names begin so.
+    static std::set<std::string> running(const std::string& prefix)
+    {
+        std::istringstream listing(sh("zelm_outctl -c list --no-manifest").out);
+        std::set<std::string> pids;
+        std::string name;
+        for (std::string line; std::getline(listing, line);) {
+            if (line.ends_with("{"))
+                name = line;
+            if (line.starts_with("\t*\tpid=") && name.starts_with(prefix))
+                pids.insert(line);
+        }
+        return pids;
+    }
+};
+
+TEST_F(CommandLine, TakesAnyNumberOfDashesAndTheLastOfEachSwitch)
+{
+    write_file(OUTPUTS + std::string("a"), "driver=x11\n");
+    write_file(OUTPUTS + std::string("-o"), "driver=alsa\n");
+    const std::string no_pid = "Did not identify PID of the driver\n";
+    const std::string forced_stop = "zelm_outctl -c stop -o a --force --x11conflict ";
+    expect_all({
+        {"zelm_outctl ---c frob --o gone -c status ----o a", 1, "Driver x11 process is stopped\n", ""},
+        {"zelm_outctl -c list -name-only --name-only", 0, "-o\na\n", ""},
+        // A value may look like a switch.
+        {"zelm_outctl -c status -o -o", 1, "Driver alsa process is stopped\n", ""},
+        {"zelm_outctl -c clone -o a --to x --to -c --timeout -1 && ls /mnt/main/tv/outputs", 0, "-c\n-o\na\n",
+            ""},
+        // The number of --x11conflict: 1 or more passes over an X11 output, silently.
+        {forced_stop + "1", 0, "", ""},
+        {forced_stop + "0x1", 0, "", ""},
+        {forced_stop + "010", 0, "", ""},
+        {forced_stop + "4294967297", 0, "", ""},
+        {forced_stop + "0", 0, "", no_pid},
+        {forced_stop + "08", 0, "", no_pid},
+        {forced_stop + "on", 0, "", no_pid},
+        {forced_stop + "-7", 0, "", no_pid},
+        {forced_stop + "2147483648", 0, "", no_pid},
+        {forced_stop + "4294967296", 0, "", no_pid},
+        {forced_stop + "1 --x11conflict 0", 0, "", no_pid},
+    });
+}
+
+TEST_F(CommandLine, TakesATimeLimitInDecimalSecondsWhereZeroIsNone)
+{
+    write_file(OUTPUTS + std::string("a"), "driver=x11\nsim never answer=1\n");
+    sh("zelm_outctl -c start -o a");
+    ASSERT_TRUE(eventually([] { return sh("zelm_outctl -c status -o a").status == 0; }));
+    constexpr int STILL_WAITING = 124;
+    // 4294967297 is 1 once it is cut to 32 bits, and in decimal 0x1 is 0.
+    expect_all({
+        {"timeout 10 zelm_outctl -c list --no-manifest --timeout 4294967297 | grep 'running='", 0,
+            "\t*\trunning=1 hang\n", ""},
+        {"timeout 1.5 zelm_outctl -c list --timeout 0x1", STILL_WAITING, "", ""},
+    });
+}
+
+TEST_F(CommandLine, ReachesAllItemsOrThoseWithTheFlag)
+{
+    const std::vector<std::string> flagged = {"1", "2", "+3", "4294967297", " 5x"};
+    const std::vector<std::string> others = {"", "0", "-1", "yes", "0x1", "4294967296"};
+    for (const std::string& flag : flagged)
+        write_file(OUTPUTS + ("flag " + flag), "driver=x11\nautostart=" + flag + "\n");
+    for (const std::string& flag : others)
+        write_file(OUTPUTS + ("none " + flag), "driver=x11\nautostart=" + flag + "\n");
+    write_file(OUTPUTS + std::string("none"), "driver=x11\n");
+    const auto becomes = [](std::size_t with_flag, std::size_t without) {
+        return eventually(
+            [&] { return running("flag").size() == with_flag && running("none").size() == without; });
+    };
+    expect_all({{"zelm_outctl -c start -o autostart", 0, "", ""}});
+    EXPECT_TRUE(becomes(5, 0));
+    expect_all({{"zelm_outctl -c start -o all", 0, "", ""}});
+    EXPECT_TRUE(becomes(5, 7));
+    const std::set<std::string> flagged_before = running("flag");
+    const std::set<std::string> others_before = running("none");
+    expect_all({{"zelm_outctl -c restart -o all", 0, "", ""}});
+    EXPECT_TRUE(becomes(5, 7));
+    for (const std::string& pid : running("flag"))
+        EXPECT_FALSE(flagged_before.contains(pid)) << "not restarted";
+    EXPECT_EQ(running("none"), others_before) << "a restart of all is one of those with the flag";
+    expect_all({{"zelm_outctl -c stop -o autostart", 0, "", ""}});
+    EXPECT_TRUE(becomes(0, 7));
+    expect_all({{"zelm_outctl -c stop -o all", 0, "", ""}});
+    EXPECT_TRUE(becomes(0, 0));
 }
 
 }  // namespace
