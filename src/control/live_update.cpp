@@ -20,11 +20,14 @@ CommPacket make_set(const std::string& key, const std::string& value)
     return packet;
 }
 
-// A socket that can't take the packet yet is waited for without limit; one that failed is left.
-void send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
+// A socket that can't take the packet yet is waited for without limit. False when it never will: the item
+// has hung up, or the packet is too large.
+bool send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
 {
-    while (comm_socket_v4_packet_send_to_server(connection, packet) == 0)
+    int sent = 0;
+    while ((sent = comm_socket_v4_packet_send_to_server(connection, packet)) == 0)
         comm_socket_v4_wait_for_client_to_server_writeable(connection, monotonic_clock_us() + WAIT_US);
+    return sent > 0;
 }
 
 // What the item answers is not looked at; packets that are no answer are passed over.
@@ -57,7 +60,7 @@ void send_live_update(const std::string& socket_path, const SettingValues& setti
         const CommPacket packet = make_set(key, value);
         if (!packet)
             return;
-        send(connection.get(), packet.get());
-        wait_for_answer(connection.get());
+        if (send(connection.get(), packet.get()))
+            wait_for_answer(connection.get());
     }
 }

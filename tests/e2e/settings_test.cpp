@@ -229,6 +229,25 @@ TEST_F(Settings, AreStoredEvenIfTheDriverHangsUpOrHasGone)
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(15));
 }
 
+TEST_F(Settings, TooLargeForTheSocketAreStoredAndNoAnswerIsWaitedFor)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "root may send packets of any size";
+    write_file(FILE_A, "driver=x11\n");
+    sh("chmod 777 /mnt/main/tv/outputs; chown 65534:65534 /mnt/main/tv/outputs/a");
+    start("zelm_outctl", "a");
+    write_file(
+        "/run/big.json", R"({"x11":{"title":")" + std::string(8000000, 't') + R"(","keepAbove":true}})");
+    const std::string nobody = AS_NOBODY;
+    expect_all({
+        {nobody + "timeout 10 zelm_outctl -c set -o a --json-driver x11 --json-from /run/big.json", 0, "",
+            ""},
+        {"zelm_outctl -c list --no-manifest -o a | grep -P '\t(title|always on top)='", 0,
+            "\t*\talways on top=1\n", ""},
+        {"tail -c 25 /mnt/main/tv/outputs/a", 0, "tttttttt\nalways on top=1\n", ""},
+    });
+}
+
 TEST_F(Settings, AFailedSetLeavesTheFileAsItWas)
 {
     const Mount disk("-t tmpfs -o size=16k,nr_inodes=6 tmpfs", OUTPUTS);
