@@ -6,41 +6,53 @@
 namespace {
 
 class ItemFiles : public Appliance {
-  protected:
-    struct Role {
-        const char* tool;
-        const char* directory;
-        const char* item;
-        const char* other_item;
-        const char* create_switches;
-    };
-    static constexpr Role ROLES[] = {
-        {"zelm_chctl", CHANNELS, "channel7", "channel8", ""},
-        {"zelm_outctl", OUTPUTS, "a b", "c", " --type x"},
-        {"zelm_inctl", INPUTS, "in", "in 2", " --type video-passthru"},
-        {"zelm_routectl", ROUTERS, "\xc3\xa9", "r", ""},
-    };
-
+protected:
     static std::string stat(const std::string& format, const std::string& path)
     {
         return output_of("stat -c '" + format + "' '" + path + "'");
     }
 };
 
-TEST_F(ItemFiles, ANewItemIsEmptyOrNamesItsInputDriver)
+struct Role {
+    std::string tool;
+    std::string directory;
+    std::string item;
+    std::string other_item;
+    std::string create_switches;
+    std::string new_file;
+    std::string settings;
+};
+
+// What all four tools do alike.
+class ItemFilesOfEachRole : public ItemFiles, public testing::WithParamInterface<Role> {
+protected:
+    const Role& role = GetParam();
+    std::string in_directory = "cd " + role.directory + "; ";
+    std::string file = role.directory + role.item;
+    std::string other_file = role.directory + role.other_item;
+    std::string item = " -o '" + role.item + "'";
+    std::string to_other = " --to '" + role.other_item + "'";
+    std::string caller = output_of("printf '%s %s\n' $(id -u) $(id -g)");
+};
+INSTANTIATE_TEST_SUITE_P(Roles, ItemFilesOfEachRole,
+    testing::Values(Role{"zelm_chctl", CHANNELS, "channel7", "channel8", "", "", ""},
+        Role{"zelm_outctl", OUTPUTS, "a b", "c", " --type x", "", "driver=x11\n"},
+        Role{"zelm_inctl", INPUTS, "in", "in 2", " --type video-passthru", "#!video-passthru\n",
+            "#!video-passthru\n"},
+        Role{"zelm_routectl", ROUTERS, "\xc3\xa9", "r", "", "", "driver=knox_rsii\n"}),
+    [](const auto& parameter) { return parameter.param.tool; });
+
+TEST_P(ItemFilesOfEachRole, ANewItemIsEmptyOrNamesItsInputDriver)
 {
     sh("rm -r /mnt/main");
-    for (const Role& role : ROLES) {
-        const std::string create =
-            std::string(role.tool) + " -c create -o '" + role.item + "'" + role.create_switches;
-        EXPECT_EQ(output_of(create), "");
-        const std::string file = std::string(role.directory) + role.item;
-        EXPECT_EQ(read_file(file), role.directory == INPUTS ? "#!video-passthru\n" : "") << create;
-        EXPECT_EQ(stat("%a %u %g", file), "644 " + output_of("printf '%s %s\n' $(id -u) $(id -g)")) << create;
-        expect_all({{create, 1, "Error: Already exists\n", ""}});
-    }
-    EXPECT_EQ(output_of("umask 077; zelm_outctl -c create -o private"), "");
-    EXPECT_EQ(stat("%a", "/mnt/main/tv/outputs/private"), "600\n");
+    const std::string create = role.tool + " -c create" + item + role.create_switches;
+    EXPECT_EQ(output_of(create), "");
+    EXPECT_EQ(read_file(file), role.new_file);
+    EXPECT_EQ(stat("%a %u %g", file), "644 " + caller);
+    expect_all({
+        {create, 1, "Error: Already exists\n", ""},
+        {"umask 077; rm '" + file + "'; " + create + "; stat -c %a '" + file + "'", 0, "600\n", ""},
+    });
 }
 
 TEST_F(ItemFiles, AnInputsMetadataIsPreparedByTheOutsideProgram)
@@ -104,31 +116,24 @@ TEST_F(ItemFiles, OnlyRegularFilesOfTheRightNamesAreItemsInByteOrder)
     });
 }
 
-TEST_F(ItemFiles, ACloneIsTheFileAloneAndBelongsToTheCaller)
+TEST_P(ItemFilesOfEachRole, ACloneIsTheFileAloneAndBelongsToTheCaller)
 {
     const std::string bytes = "driver=x11\n" + std::string(9000, '\xff') + std::string(3, '\0') + "no end";
-    for (const Role& role : ROLES) {
-        const std::string source = std::string(role.directory) + role.item;
-        write_file(source, bytes);
-        sh("chmod 400 '" + source + "'; chown 1234:1235 '" + source + "'; mkdir '" + role.directory +
-            ".a.metadir'");
-        const std::string clone =
-            std::string(role.tool) + " -c clone -o '" + role.item + "' --to '" + role.other_item + "'";
-        EXPECT_EQ(output_of(clone), "");
-        const std::string target = std::string(role.directory) + role.other_item;
-        EXPECT_EQ(read_file(target), bytes) << clone;
-        EXPECT_EQ(stat("%a %u %g", target), "644 " + output_of("printf '%s %s\n' $(id -u) $(id -g)"))
-            << clone;
-    }
-    EXPECT_EQ(output_of("cd /mnt/main/tv/outputs; mkdir '.a%20b.metadir'; touch '.a%20b.metadir/metadata';"
-                        "zelm_outctl -c clone -o 'a b' --to d; ls -A"),
-        ".a%20b.metadir\n.a.metadir\na b\nc\nd\n");
-    // Also of a running item, and of an empty one.
-    write_file(OUTPUTS + std::string("runs"), "driver=x11\n");
+    write_file(file, bytes);
+    sh("chmod 400 '" + file + "'; chown 1234:1235 '" + file + "'");
+    EXPECT_EQ(output_of(role.tool + " -c clone" + item + to_other), "");
+    EXPECT_EQ(read_file(other_file), bytes);
+    EXPECT_EQ(stat("%a %u %g", other_file), "644 " + caller);
+}
+
+TEST_F(ItemFiles, ACloneTakesNeitherMetadirNorProcessAlong)
+{
+    write_file("/mnt/main/tv/outputs/runs", "driver=x11\n");
     start("zelm_outctl", "runs");
     expect_all({
         {"zelm_outctl -c clone -o runs --to copy; cat /mnt/main/tv/outputs/copy", 0, "driver=x11\n", ""},
         {"zelm_outctl -c status -o copy", 1, "Driver x11 process is stopped\n", ""},
+        {"ls -A /mnt/main/tv/outputs", 0, ".runs.metadir\ncopy\nruns\n", ""},
         {"zelm_routectl -c create -o empty; zelm_routectl -c clone -o empty --to copy; "
          "cat /mnt/main/tv/routing/copy",
             0, "", ""},
@@ -153,21 +158,16 @@ TEST_F(ItemFiles, ACloneThatHasNoRoomLeavesNothing)
     });
 }
 
-TEST_F(ItemFiles, ARenamedItemKeepsItsContentsOwnerModeAndMetadir)
+TEST_P(ItemFilesOfEachRole, ARenamedItemKeepsItsContentsOwnerModeAndMetadir)
 {
-    for (const Role& role : ROLES) {
-        const std::string in_directory = "cd " + std::string(role.directory) + "; ";
-        const std::string to = role.other_item;
-        const std::string rename = std::string(role.tool) + " -c rename -o one --to '" + to + "'";
-        write_file(role.directory + std::string("one"), "driver=x11\n\xff");
-        sh(in_directory + "chmod 640 one; chown 1234:1235 one; mkdir .one.metadir; touch .one.metadir/extra");
-        const std::string before = stat("%a %u %g %Y %i", role.directory + std::string("one"));
-        EXPECT_EQ(output_of(rename), "");
-        EXPECT_EQ(stat("%a %u %g %Y %i", role.directory + to), before);
-        EXPECT_EQ(read_file(role.directory + to), "driver=x11\n\xff");
-        EXPECT_EQ(output_of(in_directory + "ls .*.metadir"), "extra\n") << rename;
-        EXPECT_FALSE(exists(role.directory + std::string(".one.metadir"))) << rename;
-    }
+    write_file(role.directory + "one", "driver=x11\n\xff");
+    sh(in_directory + "chmod 640 one; chown 1234:1235 one; mkdir .one.metadir; touch .one.metadir/extra");
+    const std::string before = stat("%a %u %g %Y %i", role.directory + "one");
+    EXPECT_EQ(output_of(role.tool + " -c rename -o one" + to_other), "");
+    EXPECT_EQ(stat("%a %u %g %Y %i", other_file), before);
+    EXPECT_EQ(read_file(other_file), "driver=x11\n\xff");
+    EXPECT_EQ(output_of(in_directory + "ls .*.metadir"), "extra\n");
+    EXPECT_EQ(output_of(in_directory + "find . -name '*one*'"), "");
 }
 
 TEST_F(ItemFiles, AMetadirThatCannotFollowIsOnlyWarnedOf)
@@ -185,27 +185,23 @@ TEST_F(ItemFiles, AMetadirThatCannotFollowIsOnlyWarnedOf)
     });
 }
 
-TEST_F(ItemFiles, ADeletedItemTakesItsMetadirAlongUnlessThatHoldsMore)
+TEST_P(ItemFilesOfEachRole, ADeletedItemTakesItsMetadirAlongUnlessThatHoldsMore)
 {
-    for (const Role& role : ROLES) {
-        const std::string remove = std::string(role.tool) + " -c delete -o ";
-        const std::string in_directory = "cd " + std::string(role.directory) + "; ";
-        expect_all({
-            {in_directory +
-                    "touch a; mkdir .a.metadir; cd .a.metadir; touch metadata pcn-schedule.xml "
-                    "current.channel.info .media.item.active.socket; " +
-                    remove + "a; " + in_directory + "ls -A",
-                0, "", ""},
-            {in_directory + "touch a; mkdir .a.metadir; touch .a.metadir/metadata .a.metadir/extra; " +
-                    remove + "a; " + in_directory + "ls -A . .a.metadir",
-                0, ".:\n.a.metadir\n\n.a.metadir:\nextra\n",
-                "WARNING: failed to remove metadir for a, Directory not empty\n"},
-            {in_directory + "rm -r .a.metadir; touch a; " + remove + "a; ls -A", 0, "",
-                "WARNING: failed to remove metadir for a, No such file or directory\n"},
-            {in_directory + "touch a .a.metadir; " + remove + "a; ls -A; rm .a.metadir", 0, ".a.metadir\n",
-                "WARNING: failed to remove metadir for a, Not a directory\n"},
-        });
-    }
+    const std::string remove_a = role.tool + " -c delete -o a; " + in_directory + "ls -A . ";
+    const std::string warning = "WARNING: failed to remove metadir for a, ";
+    expect_all({
+        {in_directory +
+                "touch a; mkdir .a.metadir; cd .a.metadir; touch metadata pcn-schedule.xml "
+                "current.channel.info .media.item.active.socket; " +
+                remove_a,
+            0, "", ""},
+        {in_directory + "touch a; mkdir .a.metadir; touch .a.metadir/metadata .a.metadir/extra; " + remove_a +
+                ".a.metadir",
+            0, ".:\n.a.metadir\n\n.a.metadir:\nextra\n", warning + "Directory not empty\n"},
+        {in_directory + "rm -r .a.metadir; touch a; " + remove_a, 0, "",
+            warning + "No such file or directory\n"},
+        {in_directory + "touch a .a.metadir; " + remove_a, 0, ".a.metadir\n", warning + "Not a directory\n"},
+    });
 }
 
 TEST_F(ItemFiles, AChannelOfAnotherNameCanBeRenamedOrDeletedButNotMade)
@@ -220,25 +216,18 @@ TEST_F(ItemFiles, AChannelOfAnotherNameCanBeRenamedOrDeletedButNotMade)
     });
 }
 
-TEST_F(ItemFiles, ARunningItemIsNeitherRenamedNorDeleted)
+TEST_P(ItemFilesOfEachRole, ARunningItemIsNeitherRenamedNorDeleted)
 {
-    const char* const SETTINGS[] = {"", "driver=x11\n", "#!video-passthru\n", "driver=knox_rsii\n"};
-    const char* const* settings = SETTINGS;
-    for (const Role& role : ROLES) {
-        const std::string tool = role.tool;
-        const std::string item = role.item;
-        write_file(role.directory + item, *settings++);
-        start(tool, item);
-        const std::string to = std::string("' --to '") + role.other_item + "'";
-        expect_all({
-            {tool + " -c rename -o '" + item + to, 1, "Error: output is still running\n", ""},
-            {tool + " -c delete -o '" + item + "'", 1, "Error: output is still running\n", ""},
-            {tool + " -c stop -o '" + item + "'", 0, "", ""},
-            {tool + " -c rename -o '" + item + to, 0, "", ""},
-            {tool + " -c delete -o '" + role.other_item + "'", 0, "", ""},
-            {"ls -A " + std::string(role.directory), 0, "", ""},
-        });
-    }
+    write_file(file, role.settings);
+    start(role.tool, role.item);
+    expect_all({
+        {role.tool + " -c rename" + item + to_other, 1, "Error: output is still running\n", ""},
+        {role.tool + " -c delete" + item, 1, "Error: output is still running\n", ""},
+        {role.tool + " -c stop" + item, 0, "", ""},
+        {role.tool + " -c rename" + item + to_other, 0, "", ""},
+        {role.tool + " -c delete -o '" + role.other_item + "'", 0, "", ""},
+        {"ls -A " + role.directory, 0, "", ""},
+    });
 }
 
 TEST_F(ItemFiles, OfTwentyCreatesOfOneNameOneWins)

@@ -57,7 +57,7 @@ constexpr char FULL_FLAT[] = "#multiline\n"
                              "last notes=two\n";
 
 class JsonDocuments : public Appliance {
-  protected:
+protected:
     static std::string document_of(const std::string& file, const std::string& switches = "--no-manifest")
     {
         write_file(FILE_A, file);

@@ -67,7 +67,7 @@ std::string usage(const std::string& title)
 }
 
 class Messages : public Appliance {
-  protected:
+protected:
     void SetUp() override
     {
         Appliance::SetUp();
@@ -246,32 +246,34 @@ TEST_F(Messages, OfCreate)
     });
 }
 
-TEST_F(Messages, OfCloneAndRenameWhichShareTheirChecks)
+class MessagesOfCloneAndRename : public Messages, public testing::WithParamInterface<const char*> {};
+INSTANTIATE_TEST_SUITE_P(Both, MessagesOfCloneAndRename, testing::Values(" -c clone", " -c rename"));
+
+TEST_P(MessagesOfCloneAndRename, AreTheSameForTheirNames)
 {
-    for (const std::string verb : {" -c clone", " -c rename"}) {
-        const std::string no_name = "You must specify what to name the output to rename\n";
-        const std::string no_target = "You must specify what to rename to\n";
-        expect_all({
-            {"zelm_outctl" + verb + " --to b", 1, "", no_name},
-            {"zelm_chctl" + verb + " -o all --to b", 1, "", no_name},
-            {"zelm_inctl" + verb + " -o autostart --to b", 1, "", no_name},
-            {"zelm_outctl" + verb + " -o a", 1, "", no_target},
-            {"zelm_chctl" + verb + " -o a --to ''", 1, "", no_target},
-            {"zelm_inctl" + verb + " -o a --to ..", 1, "", no_target},
-            {"zelm_routectl" + verb + " -o a --to ../b", 1, "", no_target},
-            {"zelm_outctl" + verb + " -o gone --to gone", 0, "", "OK. Nothing to change\n"},
-            {"zelm_chctl" + verb + " -o ch --to ch", 0, "", "OK. Nothing to change\n"},
-            {"zelm_chctl" + verb + " -o a --to channel0", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
-            {"zelm_outctl" + verb + " -o gone --to b", 1, "Error: No such output\n", ""},
-            {"zelm_chctl" + verb + " -o gone --to channel1", 1, "Error: No such output\n", ""},
-            {"zelm_outctl" + verb + " -o " + TOO_LONG_NAME + " --to b", 1, "Error: File name too long\n", ""},
-            {"zelm_routectl" + verb + " -o directory --to b", 1, "Error: filesystem entry not a file\n", ""},
-            {"zelm_outctl" + verb + " -o . --to b", 1, "Error: filesystem entry not a file\n", ""},
-            {"zelm_inctl" + verb + " -o a --to directory", 1, "Error: target name already exists\n", ""},
-            {"zelm_outctl" + verb + " -o a --to " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
-            {"zelm_outctl" + verb + " -o a --to " + LONG_NAME, 1, "", "Cannot get metadir\n"},
-        });
-    }
+    const std::string verb = GetParam();
+    const std::string no_name = "You must specify what to name the output to rename\n";
+    const std::string no_target = "You must specify what to rename to\n";
+    expect_all({
+        {"zelm_outctl" + verb + " --to b", 1, "", no_name},
+        {"zelm_chctl" + verb + " -o all --to b", 1, "", no_name},
+        {"zelm_inctl" + verb + " -o autostart --to b", 1, "", no_name},
+        {"zelm_outctl" + verb + " -o a", 1, "", no_target},
+        {"zelm_chctl" + verb + " -o a --to ''", 1, "", no_target},
+        {"zelm_inctl" + verb + " -o a --to ..", 1, "", no_target},
+        {"zelm_routectl" + verb + " -o a --to ../b", 1, "", no_target},
+        {"zelm_outctl" + verb + " -o gone --to gone", 0, "", "OK. Nothing to change\n"},
+        {"zelm_chctl" + verb + " -o ch --to ch", 0, "", "OK. Nothing to change\n"},
+        {"zelm_chctl" + verb + " -o a --to channel0", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
+        {"zelm_outctl" + verb + " -o gone --to b", 1, "Error: No such output\n", ""},
+        {"zelm_chctl" + verb + " -o gone --to channel1", 1, "Error: No such output\n", ""},
+        {"zelm_outctl" + verb + " -o " + TOO_LONG_NAME + " --to b", 1, "Error: File name too long\n", ""},
+        {"zelm_routectl" + verb + " -o directory --to b", 1, "Error: filesystem entry not a file\n", ""},
+        {"zelm_outctl" + verb + " -o . --to b", 1, "Error: filesystem entry not a file\n", ""},
+        {"zelm_inctl" + verb + " -o a --to directory", 1, "Error: target name already exists\n", ""},
+        {"zelm_outctl" + verb + " -o a --to " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
+        {"zelm_outctl" + verb + " -o a --to " + LONG_NAME, 1, "", "Cannot get metadir\n"},
+    });
     EXPECT_EQ(read_file(std::string(OUTPUTS) + "a"), "driver=x11\n");
     EXPECT_FALSE(exists(std::string(OUTPUTS) + "b"));
 }
@@ -419,7 +421,7 @@ TEST_F(Messages, ThatHaveNowhereToGo)
 }
 
 class CommandLine : public Appliance {
-  protected:
+protected:
     // The processes of the outputs that run and whose names begin so.
     static std::set<std::string> running(const std::string& prefix)
     {

@@ -13,7 +13,7 @@ const std::string FILE_A = OUTPUTS + "a"s;
 const std::string METADIR_A = OUTPUTS + ".a.metadir"s;
 
 class Settings : public Appliance {
-  protected:
+protected:
     // The settings of an item as a listing shows them, without what the tool adds.
     static std::string listed(const std::string& tool, const std::string& directory, const std::string& file)
     {
@@ -37,6 +37,11 @@ class Settings : public Appliance {
         expect_all({{command_line, 0, "", message + "\n"}});
         EXPECT_EQ(read_file(FILE_A), before) << command_line;
         EXPECT_FALSE(exists(METADIR_A + "/.tmpup")) << command_line;
+    }
+
+    static void leave_in_metadir(const std::string& commands)
+    {
+        sh("mkdir -p " + METADIR_A + "; cd " + METADIR_A + "; " + commands);
     }
 };
 
@@ -242,7 +247,7 @@ TEST_F(Settings, TooLargeForTheSocketAreStoredAndNoAnswerIsWaitedFor)
     expect_all({
         {nobody + "timeout 10 zelm_outctl -c set -o a --json-driver x11 --json-from /run/big.json", 0, "",
             ""},
-        {"zelm_outctl -c list --no-manifest -o a | grep -P '\t(title|always on top)='", 0,
+        {"zelm_outctl -c list --no-manifest -o a | grep 'always on top='", 0,
             "\t*\talways on top=1\n", ""},
         {"tail -c 25 /mnt/main/tv/outputs/a", 0, "tttttttt\nalways on top=1\n", ""},
     });
@@ -290,7 +295,7 @@ TEST_F(Settings, WhatADeadRunLeftIsNoObstacle)
     write_file("/run/victim", "mine");
     for (const auto& row : ROWS) {
         write_file(FILE_A, "b=2\n");
-        sh("mkdir -p " + METADIR_A + "; cd " + METADIR_A + "; " + row.left);
+        leave_in_metadir(row.left);
         expect_all({{"zelm_outctl -c set -o a --set a=1", 0, "", row.message}});
         EXPECT_EQ(read_file(FILE_A), row.result) << row.left;
         EXPECT_EQ(output_of("cd " + METADIR_A + "; find . -name .tmpup ! -type d"), "") << row.left;
