@@ -94,6 +94,34 @@ TEST_F(JsonDocuments, WithOddSettingsInTheFile)
         EXPECT_NE(document.find(part), std::string::npos) << part << " in " << document;
 }
 
+TEST_F(JsonDocuments, EndARunOnlyOverAnAspectRatioThatIsNone)
+{
+    constexpr int ABORTED = 128 + 6;
+    const struct {
+        const char* setting;
+        int status;
+    } ROWS[] = {
+        {"video aspect ratio=16", ABORTED},
+        {"video aspect ratio=16:9:1", ABORTED},
+        {"video aspect ratio=16:9", 0},
+        {"video aspect ratio=/", 0},
+        {"video aspect ratio=", 0},
+        {"video rate=25", 0},
+        {"video rate=:", 0},
+        {"video size=x", 0},
+        {"item=", 0},
+        {"expiration delay=s", 0},
+        {"system delay=", 0},
+    };
+    for (const auto& row : ROWS) {
+        write_file("/mnt/main/tv/rendermgr/channel1", row.setting + "\n"s);
+        const Outcome listing = sh("exec zelm_chctl -c list --json --no-manifest");
+        EXPECT_EQ(listing.status, row.status) << row.setting << listing.err;
+        EXPECT_EQ(listing.out.empty(), row.status != 0) << row.setting << listing.out;
+        EXPECT_EQ(sh("zelm_chctl -c list --no-manifest").status, 0) << row.setting;
+    }
+}
+
 TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
 {
     const struct {

@@ -37,7 +37,7 @@ bool has_other_users();
 
 // A mount that lasts as long as the object; false where the machine refuses it.
 class Mount {
-  public:
+public:
     // `arguments` are those of mount(8) in front of the directory or file.
     Mount(const std::string& arguments, const std::string& where);
     ~Mount();
@@ -45,7 +45,7 @@ class Mount {
     Mount& operator=(const Mount&) = delete;
     explicit operator bool() const { return m_mounted; }
 
-  private:
+private:
     std::string m_where;
     bool m_mounted;
 };
