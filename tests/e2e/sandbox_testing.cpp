@@ -99,7 +99,7 @@ Mount::Mount(const std::string& arguments, const std::string& where)
 Mount::~Mount()
 {
     if (m_mounted)
-        sh("umount '" + m_where + "'");
+        sh("umount -l '" + m_where + "'");
 }
 
 void write_file(const std::string& path, const std::string& text)
