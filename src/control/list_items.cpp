@@ -45,10 +45,10 @@ const zelm_config_list& manifest_of(const std::string& driver)
     return manifest;
 }
 
-std::string formatted(const char* format, double number)
+std::string with_three_decimals(double seconds)
 {
     char text[64];
-    std::snprintf(text, sizeof text, format, number);
+    std::snprintf(text, sizeof text, "%.3f", seconds);
     return text;
 }
 
@@ -81,7 +81,7 @@ void add_process_state(InfoList& list, const std::string& name)
         return;
     }
     if (const std::optional<double> uptime = process_uptime(pid))
-        set_status(list, "uptime", formatted("%.3f", *uptime), UPTIME);
+        set_status(list, "uptime", with_three_decimals(*uptime), UPTIME);
     set_status(list, "pid", std::to_string(pid), "Process ID");
 }
 
@@ -96,7 +96,7 @@ void add_item_mtime(InfoList& list)
         return;
     const double mtime =
         static_cast<double>(state.st_mtim.tv_sec) + static_cast<double>(state.st_mtim.tv_nsec) / 1000000;
-    set_transient(list, "item mtime", formatted("%.3f", mtime));
+    set_transient(list, "item mtime", with_three_decimals(mtime));
     infolist_item& entry = list["item mtime"];
     entry.s_flag = true;
     entry.nogui_flag = true;
