@@ -16,9 +16,15 @@ enum class Coding {
 };
 
 struct Field {
+    // The description is for the reader of the schema. The tool shows it to nobody and keeps it nowhere.
+    constexpr Field(const char* json, const char* flat, Coding as, const char* default_or_constant,
+        const char* /*description*/)
+        : json_key(json), flat_key(flat), coding(as), text(default_or_constant)
+    {
+    }
+
     const char* json_key;
     const char* flat_key;
     Coding coding;
-    const char* text;         // the default, or the constant
-    const char* description;  // for the reader of the schema; the tool shows it to nobody
+    const char* text;  // the default, or the constant
 };
