@@ -31,9 +31,9 @@ void take_marker_line(InfoList& list, std::string_view line)
 
 void take_setting(InfoList& list, ReadState& state, std::string_view key, std::string_view value)
 {
-    auto entry = list.find(key);
-    if (entry == list.end())
-        entry = list.emplace(key, infolist_item{}).first;
+    auto entry = list.lower_bound(key);
+    if (entry == list.end() || entry->first != key)
+        entry = list.emplace_hint(entry, key, infolist_item{});
     infolist_item& item = entry->second;
     if (state.multi && key == state.last_key && item.marker == '=' && !item.value.empty()) {
         item.value += '\n';

@@ -1,9 +1,9 @@
 #include "control/rewrite_settings.hpp"
 
 #include <map>
-#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "control/infolist.hpp"
@@ -88,7 +88,7 @@ private:
 
     std::FILE* m_out;
     const SettingValues& m_settings;
-    std::set<std::string_view> m_replaced;
+    std::unordered_set<std::string_view> m_replaced;
     bool multi = false;         // the source has shown "#multiline"
     bool wrote_marker = false;  // the first setting line has been met
     std::map<std::string, std::string> merged;

@@ -16,19 +16,24 @@ void JsonConsumer::create_item(std::string key, std::string value)
     m_items.emplace_back(std::move(key), std::move(value));
 }
 
+namespace {
+
+std::pair<std::string, std::string> present_item(const std::string& key, const Params& params)
+{
+    return {key, params.nullable() && params.isNull() ? params.nullText() : params.declaredValue()};
+}
+
+}  // namespace
+
 void JsonConsumer::create_item(const std::string& key, const Params& params)
 {
     if (params.hasKey())
-        m_items.push_back(parse_item(key, params));
+        m_items.push_back(present_item(key, params));
 }
 
 std::pair<std::string, std::string> JsonConsumer::parse_item(const std::string& key, const Params& params)
 {
-    if (!params.hasKey())
-        return {};
-    if (params.nullable() && params.isNull())
-        return {key, params.nullText()};
-    return {key, params.declaredValue()};
+    return params.hasKey() ? present_item(key, params) : std::pair<std::string, std::string>();
 }
 
 namespace {

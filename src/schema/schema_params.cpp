@@ -11,16 +11,10 @@ using json11::Json;
 
 namespace {
 
-const Json NOTHING;
-
-// Null where there is none; also for a place behind the end of an array.
+// Null where there is none, as behind the end of an array and below a scalar.
 const Json& child(const Json& json, const std::string& component)
 {
-    if (json.is_object())
-        return json[component];
-    if (json.is_array())
-        return json[static_cast<std::size_t>(std::stoi(component))];
-    return NOTHING;
+    return json.is_array() ? json[static_cast<std::size_t>(std::stoi(component))] : json[component];
 }
 
 int cut_to_integer(double number)
@@ -38,9 +32,15 @@ bool has_key(const Json& json, const JsonPath& path)
     for (std::size_t i = 0; i < path.size(); ++i) {
         if (i > 0 && at->is_null())
             return false;
-        if (at->is_object() && at->object_items().count(path[i]) == 0)
+        if (!at->is_object()) {
+            at = &child(*at, path[i]);
+            continue;
+        }
+        const auto& members = at->object_items();
+        const auto member = members.find(path[i]);
+        if (member == members.end())
             return false;
-        at = &child(*at, path[i]);
+        at = &member->second;
     }
     return !path.empty();
 }
