@@ -202,7 +202,7 @@ int do_list(std::shared_ptr<EmitJson>& emitter)
         InfoList list;
         gather(list, name, emitter);
         if (wants_json)
-            emitter->add(list);
+            emitter->add(std::move(list));
         else
             print_item(text, name, list);
     }

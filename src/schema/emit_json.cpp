@@ -49,10 +49,13 @@ std::string JsonEmitterItem::flatten_json_key(
     return {};
 }
 
-void EmitJson::add(const InfoList& list)
+void EmitJson::add(InfoList list)
 {
-    for (const auto& [key, item] : list)
-        m_items.push_back({item, key});
+    // Node by node, since the key of an entry that stays in its map can only be copied.
+    while (!list.empty()) {
+        auto entry = list.extract(list.begin());
+        m_items.push_back({std::move(entry.mapped()), std::move(entry.key())});
+    }
     if (m_sorted == 0)
         m_sorted = m_items.size();
 }

@@ -34,7 +34,7 @@ public:
     virtual Document emitJson() const { return {}; }
 
     // Appends the entries of one item, whatever their markers, behind those of earlier items.
-    void add(const InfoList& list);
+    void add(InfoList list);
 
     // Coders of one flat key. An absent key reads as the empty text.
     const std::string& value(const std::string& key) const;
