@@ -98,11 +98,13 @@ using Conversions = std::vector<std::pair<std::string, std::string>>;
 inline const std::map<std::string, Conversions> WRITTEN = {
     {"text", {{"", R"("")"}, {"-1", R"("-1")"}, {"two words", R"("two words")"}}},
     {"text?", {{"", "null"}, {"1", R"("1")"}, {" x", R"(" x")"}}},
-    {"switch", {{"", "false"}, {"1", "true"}, {"-1", "false"}, {"01", "false"}, {"true", "false"}}},
+    {"switch",
+        {{"", "false"}, {"1", "true"}, {"-1", "false"}, {" 1", "false"}, {"01", "false"}, {"true", "false"}}},
     {"switch?", {{"", "null"}, {"1", "true"}, {"0", "false"}, {"12", "false"}}},
-    {"integer", {{"", "0"}, {"-7.9 px", "-7"}, {"loud", "0"}, {"3000000000", "0"}}},
+    {"integer", {{"", "0"}, {"-7.9 px", "-7"}, {" 1e999", "1"}, {"loud", "0"}, {"3000000000", "0"},
+                    {"-2147483648", "-2147483648"}}},
     {"integer?", {{"", "null"}, {"-7.9 px", "-7"}, {"loud", "0"}}},
-    {"number", {{"", "0"}, {"-2.5 dB", "-2.5"}, {"loud", "0"}}},
+    {"number", {{"", "0"}, {" -2.5 dB", "-2.5"}, {"loud", "0"}, {"1e999", "0"}, {"3e9", "3e9"}}},
     {"number?", {{"", "null"}, {"-2.5", "-2.5"}, {"loud", "0"}}},
     {"level", {{"-2.5", "-2.5"}, {"loud", "0"}}},  // has no member when it is absent
     {"count", {{"", "null"}, {"7.9", "7"}, {"0", "null"}, {"-1", "null"}, {"x", "null"}}},
