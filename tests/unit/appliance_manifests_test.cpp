@@ -4,9 +4,7 @@
 #include <set>
 
 #include "platform/mediaitem.hpp"
-#include "schema/create_consumer.hpp"
-#include "schema/create_emitter.hpp"
-#include "unit/schema_testing.hpp"
+#include "unit/schema_rows.hpp"
 
 namespace {
 
@@ -24,11 +22,8 @@ zelm_config_list manifest_of(const std::string& program)
 // What the driver's own document, handed back, would set.
 Strings keys_of_document(const std::string& driver)
 {
-    const std::string text = json11::Json(createEmitter(driver)->emitJson()).dump();
-    const std::shared_ptr<JsonConsumer> consumer = createConsumer(driver, text);
-    consumer->createItems();
     Strings keys;
-    for (const auto& [key, value] : consumer->items())
+    for (const auto& [key, value] : consumed(driver, emitted(driver, {}).dump()))
         keys.insert(key);
     return keys;
 }

@@ -39,7 +39,8 @@ constexpr char CHANNEL[] = R"(
     audio normalizer bass filter:number?/integer@audio.normalizer.filters.bass;
     audio normalizer treble filter:number?/integer@audio.normalizer.filters.treble;
     audio normalizer sd-mode:switch=0@audio.normalizer.filters.sdmode;
-    audio normalizer map mode:form=decibelm5@audio.normalizer.filters.mapping@{"mode":"decibel", "intensity": 5};
+    audio normalizer map mode:form=decibelm5@audio.normalizer.filters.mapping@{"mode": "decibel",
+    "intensity": 5};
     video width:integer=720@video.size.width; video height:integer=480@video.size.height;
     video aspect ratio:form=16:9@video.aspect@{"width": 16, "height": 9};
     video rate:form=25:1p@video.rate@{"numerator": 25, "denominator": 1, "kind": "progressive"};
@@ -69,8 +70,9 @@ constexpr char REGION[] = R"(
     B audio enabled:switch=0@P.audio.rendering; B video enabled:none/switch=0@P.video.enable;
     B size:form=50 33.5@P.video.geometry.size@{"width": 50, "height": 33.5};
     B position:form=10 -20@P.video.geometry.position@{"x": 10, "y": -20};
-    B force video:switch=0@P.video.force; B align:form=top left@P.video.align@{"vertical": "top", "horizontal":
-    "left"}; B video enabled:none/switch=0@P.video.rendering)";
+    B force video:switch=0@P.video.force;
+    B align:form=top left@P.video.align@{"vertical": "top", "horizontal": "left"};
+    B video enabled:none/switch=0@P.video.rendering)";
 
 // The flat keys and the members of the regions begin so.
 const std::pair<const char*, const char*> REGIONS[] = {{"item", "item"}, {"urgent", "urgent"},

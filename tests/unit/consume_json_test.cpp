@@ -153,14 +153,16 @@ public:
 
 TEST(Items, StayInOrderWithDuplicatesAndLeaveOutWhatIsAbsent)
 {
-    EXPECT_EQ(consumed<BareConsumer>(R"({"k": "v"})"), (Pairs{{"first", "v"}, {"first", ""}, {"", "x"}}));
+    BareConsumer consumer(R"({"k": "v"})");
+    EXPECT_EQ(consumer.document().at("k"), Json("v"));
+    consumer.createItems();
+    EXPECT_EQ(consumer.items(), (Pairs{{"first", "v"}, {"first", ""}, {"", "x"}}));
 }
 
 TEST(Items, BadDocumentsAreEmptyDocuments)
 {
     for (const char* bad : {"", "k", R"({"k": "v")", R"({"k": "v"} x)", "[{}]", "null", "5", R"("k")"})
         EXPECT_TRUE(BareConsumer(bad).document().empty()) << bad;
-    EXPECT_EQ(BareConsumer(R"({"k": "v"})").document().at("k"), Json("v"));
 }
 
 TEST(Words, MapBothWaysAndPassWhenUnknown)

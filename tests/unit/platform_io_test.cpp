@@ -85,10 +85,10 @@ TEST(LineReader, TakesAStreamThatComesInPieces)
     EXPECT_EQ(line, "one");
     ASSERT_EQ(::write(into.get(), "o\nthree", 7), 7);
     into.reset();
-    ASSERT_TRUE(reader.next(line));
-    EXPECT_EQ(line, "two");
-    ASSERT_TRUE(reader.next(line));
-    EXPECT_EQ(line, "three");
+    for (const char* expected : {"two", "three"}) {
+        ASSERT_TRUE(reader.next(line));
+        EXPECT_EQ(line, expected);
+    }
     EXPECT_FALSE(reader.next(line));
 }
 
@@ -104,26 +104,12 @@ TEST(MkdirP, MakesWhatIsMissingAndRefusesWhatIsInTheWay)
 {
     const TemporaryDirectory directory;
     const std::string file = directory.file("file", "");
-    struct Case {
-        std::string path;
-        int result;
-        int error;
-    };
-    const Case cases[] = {
-        {directory / "a/b/c", 0, 0},
-        {directory / "a/b/c", 0, 0},
-        {directory / "a//d/", 0, 0},
-        {file, -1, EEXIST},
-        {file + "/below", -1, ENOTDIR},
-        {"", -1, ENOENT},
-    };
-    for (const Case& each : cases) {
+    const std::pair<std::string, int> cases[] = {{directory / "a/b/c", 0}, {directory / "a/b/c", 0},
+        {directory / "a//d/", 0}, {file, EEXIST}, {file + "/below", ENOTDIR}, {"", ENOENT}};
+    for (const auto& [path, error] : cases) {
         errno = 0;
-        EXPECT_EQ(mkdir_p(each.path.c_str(), 0777, -1), each.result) << each.path;
-        if (each.result != 0)
-            EXPECT_EQ(errno, each.error) << each.path;
-        else
-            EXPECT_TRUE(std::filesystem::is_directory(each.path)) << each.path;
+        EXPECT_EQ(mkdir_p(path.c_str(), 0777, -1), error == 0 ? 0 : -1) << path;
+        EXPECT_TRUE(error == 0 ? std::filesystem::is_directory(path) : errno == error) << path;
     }
 }
 

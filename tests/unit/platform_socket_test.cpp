@@ -116,36 +116,26 @@ TEST(CommSocket, ReplySentBeforeHangingUpIsStillRead)
     EXPECT_LT(comm_socket_v4_idle(client.get()), 0);
 }
 
-TEST(SocketIo, EmptyPacketsDoNotKeepTheSocketReadable)
+TEST(SocketIo, EmptyPacketIsTakenAndNotForTheEnd)
 {
-    const Pair pair;
+    Pair pair;
     Bytes received;
     ASSERT_EQ(::send(pair.far.get(), "", 0, 0), 0);
     EXPECT_EQ(receive_packet(pair.near.get(), received), Received::NOTHING_YET);
     pollfd waited{pair.near.get(), POLLIN, 0};
     EXPECT_EQ(::poll(&waited, 1, 0), 0);
-}
-
-TEST(SocketIo, EmptyPacketIsNotTakenForTheEnd)
-{
-    Pair pair;
-    Bytes received;
     ASSERT_EQ(::send(pair.far.get(), "", 0, 0), 0);
     ASSERT_EQ(::send(pair.far.get(), "x", 1, 0), 1);
     pair.far.reset();
-    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::NOTHING_YET);
-    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::PACKET);
-    EXPECT_EQ(receive_packet(pair.near.get(), received), Received::HUNG_UP);
+    for (const Received next : {Received::NOTHING_YET, Received::PACKET, Received::HUNG_UP})
+        EXPECT_EQ(receive_packet(pair.near.get(), received), next);
 }
 
 TEST(SocketIo, PacketsOfAnySizeArriveWhole)
 {
     const Pair pair;
-    EXPECT_EQ(send_packet(pair.near.get(), Bytes(1)), 1);
     Bytes received;
-    EXPECT_EQ(receive_packet(pair.far.get(), received), Received::PACKET);
-    EXPECT_EQ(received.size(), 1U);
-    for (const std::size_t size : {4095U, 4097U, 100000U, 400000U}) {
+    for (const std::size_t size : {1U, 4095U, 4097U, 100000U, 400000U}) {
         Bytes sent(size);
         for (std::size_t i = 0; i < size; ++i)
             sent[i] = static_cast<unsigned char>(i * 31);

@@ -39,13 +39,6 @@ protected:
         return snapshot.lookup_sock_path(row, path, nth) ? std::to_string(row.inode) : "none";
     }
 
-    void add_descriptor(const std::string& name, const std::string& target)
-    {
-        const fs::path link = m_directory / name;
-        fs::create_directories(link.parent_path());
-        fs::create_symlink(target, link);
-    }
-
     // "pid:descriptor" of the holder, or "none".
     static std::string holder(const ProcfsFileHandleSnapshot& snapshot, unsigned int inode)
     {
@@ -116,10 +109,7 @@ TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
     constexpr char COMPLAINT[] =
         "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n"
         "Headers read from /proc/net/unix were:\n";
-    const struct {
-        std::string table;
-        std::string said;
-    } rows[] = {
+    const std::pair<std::string, std::string> rows[] = {
         {"Num Path\n1 /s\n", std::string(COMPLAINT) + "   entry[0] = 'Num'\n   entry[1] = 'Path'\n"},
         {"Inode  Paths\n1 /s\n", std::string(COMPLAINT) + "   entry[0] = 'Inode'\n   entry[1] = 'Paths'\n"},
         {"\n1 /s\n", COMPLAINT},
@@ -128,10 +118,10 @@ TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
         {"Inode " + columns(63) + "Path\n1 /s\n", "procnetunixsnapshot: columns out of range.\n"},
     };
     std::string all;
-    for (const auto& row : rows) {
-        EXPECT_EQ(inode_of("/s", row.table), "none") << row.table;
-        all += row.said;
-        EXPECT_EQ(said(), all) << row.table;
+    for (const auto& [table, complaint] : rows) {
+        EXPECT_EQ(inode_of("/s", table), "none") << table;
+        all += complaint;
+        EXPECT_EQ(said(), all) << table;
     }
 }
 
@@ -149,30 +139,25 @@ TEST_F(ProcSnapshots, TablesThatAreNotThereAreEmpty)
 
 TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
 {
-    add_descriptor("9/fd/3", "socket:[100]");
-    add_descriptor("10/fd/4", "socket:[100]");
-    add_descriptor("10/fd/0", "/dev/null");
-    add_descriptor("11/fd/3", "socket:[200]");
-    add_descriptor("12/fd/5", "socket:[300]x");
-    add_descriptor("12/fd/6", "socket:[]");
-    add_descriptor("12/fd/7", "socket:[400");
-    add_descriptor("12/fd/8", "xsocket:[400]");
-    add_descriptor("12/fd/9x", "socket:[500]");
-    add_descriptor("13x/fd/3", "socket:[500]");
-    add_descriptor("0/fd/3", "socket:[500]");
-    add_descriptor("self/fd/3", "socket:[500]");
+    const std::pair<const char*, const char*> descriptors[] = {{"9/fd/3", "socket:[100]"},
+        {"10/fd/4", "socket:[100]"}, {"11/fd/3", "socket:[200]"}, {"12/fd/5", "socket:[300]x"},
+        {"12/fd/6", "socket:[]"}, {"12/fd/7", "socket:[400"}, {"12/fd/8", "xsocket:[400]"},
+        {"12/fd/9x", "socket:[500]"}, {"13x/fd/3", "socket:[500]"}, {"0/fd/3", "socket:[500]"},
+        {"self/fd/3", "socket:[500]"}};
+    for (const auto& [name, target] : descriptors) {
+        fs::create_directories(fs::path(m_directory / name).parent_path());
+        fs::create_symlink(target, m_directory / name);
+    }
     fs::create_directories(m_directory / "14");
     m_directory.file("15", "no directory");
     m_directory.file("11/fd/9", "no link");
 
     ProcfsFileHandleSnapshot processes;
     processes.take((m_directory / "").c_str());
-    const struct {
-        unsigned int inode;
-        const char* holder;
-    } rows[] = {{100, "10:4"}, {200, "11:3"}, {300, "12:5"}, {400, "none"}, {500, "none"}, {0, "none"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(holder(processes, row.inode), row.holder) << row.inode;
+    const std::pair<unsigned int, const char*> rows[] = {
+        {100, "10:4"}, {200, "11:3"}, {300, "12:5"}, {400, "none"}, {500, "none"}, {0, "none"}};
+    for (const auto& [inode, expected] : rows)
+        EXPECT_EQ(holder(processes, inode), expected) << inode;
 
     fs::remove_all(m_directory / "10");
     processes.take((m_directory / "").c_str());

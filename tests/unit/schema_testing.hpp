@@ -1,4 +1,4 @@
-// What the tests of the schemas share: settings in and a document out, and the other way round.
+// What the tests of documents share.
 #pragma once
 
 #include <json11.hpp>
@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "control/infolist_item.hpp"
 #include "schema/consume_json.hpp"
 
 using Pairs = SettingValues;
@@ -33,23 +32,4 @@ inline std::string replaced(std::string text, std::string_view from, std::string
     for (auto at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
         text.replace(at, from.size(), to);
     return text;
-}
-
-// The document of an item with these settings.
-template <typename Emitter> json11::Json emitted(const Pairs& settings)
-{
-    InfoList list;
-    for (const auto& [key, value] : settings)
-        list[key].value = value;
-    Emitter emitter;
-    emitter.add(list);
-    return emitter.emitJson();
-}
-
-// The pairs that a document gives.
-template <typename Consumer> Pairs consumed(const std::string& document)
-{
-    Consumer consumer(document);
-    consumer.createItems();
-    return consumer.items();
 }
