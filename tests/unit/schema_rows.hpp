@@ -1,11 +1,11 @@
 // A driver's schema as a list of its keys, and the tests that every list must pass.
 #pragma once
 
+#include <algorithm>
 #include <cctype>
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
-#include <regex>
 
 #include "schema/composite_text.hpp"
 #include "schema/create_consumer.hpp"
@@ -47,24 +47,28 @@ using Rows = std::vector<Row>;
 inline Rows rows(const std::string& list, const std::string& usual_kind = "text?", const JsonPath& path = {},
     const std::string& prefix = "")
 {
-    static const std::regex FORM(
-        R"(\s*(?:([^:@]*):([a-z?]+)(?:/([a-z?]+))?|([^=@]*))(?:=([^@]*))?(?:@([^@]*))?(?:@([^@]*))?)");
     Rows rows;
-    for (const std::string& entry : split(list, ";")) {
-        std::smatch part;
-        EXPECT_TRUE(std::regex_match(entry, part, FORM)) << entry;
-        const std::string key = part.str(1) + part.str(4);
-        const std::string kind = part[2].matched ? part.str(2) : usual_kind;
-        JsonPath place = split(part.str(6), ".");
-        if (!part[6].matched) {
+    for (std::string entry : split(list, ";")) {
+        entry.erase(0, entry.find_first_not_of(" \n"));
+        const std::vector<std::string> parts = split(entry, "@");
+        const std::size_t colon = parts[0].find(':');
+        const std::size_t equals = parts[0].find('=', colon == std::string::npos ? 0 : colon);
+        const std::string key = parts[0].substr(0, std::min(colon, equals));
+        const std::vector<std::string> kinds = split(
+            colon == std::string::npos ? usual_kind : parts[0].substr(colon + 1, equals - colon - 1), "/");
+        JsonPath place;
+        if (parts.size() > 1) {
+            place = split(parts[1], ".");
+        } else {
             place = {path.empty() && std::isdigit(static_cast<unsigned char>(key[0])) ? "_" + key : key};
             for (char& c : place[0])
                 if (std::string_view(" ,./-").find(c) != std::string_view::npos)
                     c = '_';
         }
         place.insert(place.begin(), path.begin(), path.end());
-        rows.push_back({prefix + key, kind, part[3].matched ? part.str(3) : kind, part.str(5), place, place,
-            part[7].matched ? parsed(part.str(7)) : json11::Json()});
+        rows.push_back({prefix + key, kinds.front(), kinds.back(),
+            equals == std::string::npos ? "" : parts[0].substr(equals + 1), place, place,
+            parts.size() > 2 ? parsed(parts[2]) : json11::Json()});
     }
     return rows;
 }
