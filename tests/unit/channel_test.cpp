@@ -106,6 +106,21 @@ TEST(Channel, EveryKeyGoesBothWays)
         });
 }
 
+TEST(Channel, ANamelessPairTakesThePlaceOfAMissingPolicy)
+{
+    Json document = parsed(R"({"caption": {"conversion": {"force": null}}})");
+    Pairs pairs;
+    for (const Row& row : channel_rows()) {
+        if (row.path.back() == "policy") {
+            pairs.emplace_back("", "");
+            continue;
+        }
+        document = with(document, row.read_path, row.sample);
+        pairs.emplace_back(row.key, row.of_null);
+    }
+    EXPECT_EQ(consumed("channel", document.dump()), pairs);
+}
+
 TEST(Channel, DocumentsChangeOnlyWhatTheyName)
 {
     const std::pair<const char*, Pairs> cases[] = {
