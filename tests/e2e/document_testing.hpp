@@ -10,11 +10,6 @@ inline json11::Json document_of(const std::string& command_line)
     return parsed(output_of(command_line));
 }
 
-inline std::size_t size_of(const json11::Json& json)
-{
-    return json.is_array() ? json.array_items().size() : json.object_items().size();
-}
-
 // Each member of the part stands in the document with that value; arrays must be of the same length.
 inline void expect_shown(const json11::Json& document, const json11::Json& part, const std::string& where)
 {

@@ -94,7 +94,7 @@ TEST_F(ItemFiles, AHangingOutsideProgramEndsTheRunAfterFiveSeconds)
 
 TEST_F(ItemFiles, OnlyRegularFilesOfTheRightNamesAreItemsInByteOrder)
 {
-    for (const char* directory : {CHANNELS, OUTPUTS, INPUTS, ROUTERS}) {
+    for (const std::string& directory : {CHANNELS, OUTPUTS, INPUTS, ROUTERS}) {
         sh("cd " + std::string(directory) +
             " && touch channel1 channel2 channel10 channel999999 channel0 channel01 channel channel1a "
             "channel1000000 Channel3 channel4~ .channel5 'b c' a~ Z é .hidden all && ln -s channel1 channel12 "
@@ -145,8 +145,8 @@ TEST_F(ItemFiles, ACloneThatHasNoRoomLeavesNothing)
     const Mount disk("-t tmpfs -o size=64k tmpfs", INPUTS);
     if (!disk)
         GTEST_SKIP() << "nothing can be mounted here";
-    write_file(INPUTS + std::string("a"), std::string(40000, 'a'));
-    write_file(INPUTS + std::string("b"), "b=1\n");
+    write_file(INPUTS + "a", std::string(40000, 'a'));
+    write_file(INPUTS + "b", "b=1\n");
     const std::string no_space = "No space left on device\n";
     expect_all({
         {"zelm_inctl -c clone -o a --to c", 1, "", "Error writing dest, " + no_space},
@@ -234,7 +234,7 @@ TEST_F(ItemFiles, OfTwentyCreatesOfOneNameOneWins)
 {
     const std::string many = "for i in $(seq 20); do zelm_outctl -c create -o a & done; wait";
     EXPECT_EQ(output_of("{ " + many + "; } | sort | uniq -c | tr -s ' '"), " 19 Error: Already exists\n");
-    EXPECT_EQ(read_file(OUTPUTS + std::string("a")), "");
+    EXPECT_EQ(read_file(OUTPUTS + "a"), "");
 }
 
 }  // namespace

@@ -26,39 +26,37 @@ protected:
             "[secret]\nflags=s nogui\n"
             "[lines]\ndefault=one\ndefault=\ndefault=three\ndefault=\n"
             "[uptime]\ndefault=x\ndescription=hidden\nflags=nogui detail\n");
-        write_file(std::string(ROUTERS) + "r", "driver=sample\ntitle=One\nown=1\n");
+        write_file(ROUTERS + "r", "driver=sample\ntitle=One\nown=1\n");
     }
 };
 
 TEST_F(Listing, OfAStoppedItem)
 {
     write_manifest();
+    const std::string own = "\t=\tdriver=sample\n";
+    const std::string level = "\t!\tlevel=3\n";
     const std::string lines = "\t<..\tlines=one\n\t...\tlines=\n\t...\tlines=three\n\t?\tlines=\n";
-    const std::string flags = ".flags=!s:\n";
-    const std::string running = "\t*\trunning=0\n";
-    const std::string running_described = running + ".desc=Media item running status\n" + flags;
-    const std::string uptime_described =
-        "\t*\tuptime=\n.desc=Length of time the media item has been running\n" + flags;
-    const std::string title_described =
-        "\t=\ttitle=One\n.desc=What it is called\n.ui={\"json_type\": \"string\"}\n";
-    const std::string secret_described = "\t?\tsecret=\n.flags=!s:!nogui:\n";
+    const std::string from_manifest =
+        lines + "\t=\town=1\n\t*\trunning=0\n\t?\tsecret=\n\t=\ttitle=One\n\t*\tuptime=\n";
+    const std::string without_manifest = own + "\t=\town=1\n\t*\trunning=0\n\t=\ttitle=One\n\t*\tuptime=\n";
+    const std::string running = "\t=\town=1\n\t*\trunning=0\n.desc=Media item running status\n.flags=!s:\n";
+    const std::string uptime =
+        "\t*\tuptime=\n.desc=Length of time the media item has been running\n.flags=!s:\n";
     const struct {
         const char* switches;
         std::string text;
     } rows[] = {
-        {"--no-manifest", "\t=\tdriver=sample\n\t=\town=1\n" + running + "\t=\ttitle=One\n\t*\tuptime=\n"},
-        {"", "\t=\tdriver=sample\n\t!\tlevel=3\n" + lines + "\t=\town=1\n" + running +
-                 "\t?\tsecret=\n\t=\ttitle=One\n\t*\tuptime=\n"},
-        {"--quicksummary", "\t=\tdriver=sample\n" + lines + "\t=\town=1\n" + running +
-                               "\t?\tsecret=\n\t=\ttitle=One\n\t*\tuptime=\n"},
-        {"--ex-quicksummary", "\t!\tlevel=3\n"},
-        {"--ex-quicksummary --quicksummary --no-manifest",
-            "\t=\tdriver=sample\n\t=\town=1\n" + running + "\t=\ttitle=One\n\t*\tuptime=\n"},
-        {"--desc", "\t=\tdriver=sample\n\t!\tlevel=3\n" + lines + "\t=\town=1\n" + running_described +
-                       secret_described + title_described + uptime_described},
-        {"--desc --ex-quicksummary", "\t!\tlevel=3\n"},
-        {"--desc --no-manifest",
-            "\t=\tdriver=sample\n\t=\town=1\n" + running_described + "\t=\ttitle=One\n" + uptime_described},
+        {"--no-manifest", without_manifest},
+        {"", own + level + from_manifest},
+        {"--quicksummary", own + from_manifest},
+        {"--ex-quicksummary", level},
+        {"--ex-quicksummary --quicksummary --no-manifest", without_manifest},
+        {"--desc", own + level + lines + running +
+                       "\t?\tsecret=\n.flags=!s:!nogui:\n\t=\ttitle=One\n"
+                       ".desc=What it is called\n.ui={\"json_type\": \"string\"}\n" +
+                       uptime},
+        {"--desc --ex-quicksummary", level},
+        {"--desc --no-manifest", own + running + "\t=\ttitle=One\n" + uptime},
     };
     for (const auto& row : rows)
         EXPECT_EQ(output_of(std::string("zelm_routectl -c list ") + row.switches), "r{\n" + row.text + "}\n")
@@ -68,52 +66,46 @@ TEST_F(Listing, OfAStoppedItem)
 TEST_F(Listing, OfFilesOfAllKinds)
 {
     write_manifest();
+    const std::string state = "\t*\trunning=0\n\t*\tuptime=\n";
     const struct {
-        const char* tool;
-        const char* path;
+        std::string tool;
+        std::string path;
         const char* settings;
-        const char* text;
+        std::string text;
     } rows[] = {
-        {"zelm_outctl", "/mnt/main/tv/outputs/empty", "", "\t?\tdriver=\n\t*\trunning=0\n\t*\tuptime=\n"},
-        {"zelm_outctl", "/mnt/main/tv/outputs/driverless", "driver=\n",
-            "\t=\tdriver=\n\t*\trunning=0\n\t*\tuptime=\n"},
-        {"zelm_inctl", "/mnt/main/tv/inputs/marked", "#!Video-Passthru\ncap=1\n",
-            "\t=\tcap=1\n\t*\tdriver=video_passthru\n\t*\trunning=0\n\t*\tuptime=\n"},
-        {"zelm_inctl", "/mnt/main/tv/inputs/unmarked", "\n", "\t*\trunning=0\n\t*\tuptime=\n"},
-        {"zelm_chctl", "/mnt/main/tv/rendermgr/channel2", "b=2\nb=3\n=x\n",
-            "\t=\t=x\n\t=\tb=3\n\t*\trunning=0\n\t*\tuptime=\n"},
-        {"zelm_outctl", "/mnt/main/tv/outputs/lines",
-            "#multiline\ndriver=x11\nthree=a\nthree=b\nthree=c\ntwo=a\ntwo=\n",
+        {"zelm_outctl", OUTPUTS + "empty", "", "\t?\tdriver=\n" + state},
+        {"zelm_outctl", OUTPUTS + "driverless", "driver=\n", "\t=\tdriver=\n" + state},
+        {"zelm_inctl", INPUTS + "marked", "#!Video-Passthru\ncap=1\n",
+            "\t=\tcap=1\n\t*\tdriver=video_passthru\n" + state},
+        {"zelm_inctl", INPUTS + "unmarked", "\n", state},
+        {"zelm_chctl", CHANNELS + "channel2", "b=2\nb=3\n=x\n", "\t=\t=x\n\t=\tb=3\n" + state},
+        {"zelm_outctl", OUTPUTS + "lines", "#multiline\ndriver=x11\nthree=a\nthree=b\nthree=c\ntwo=a\ntwo=\n",
             "\t=\tdriver=x11\n\t*\trunning=0\n\t<..\tthree=a\n\t...\tthree=b\n\t=\tthree=c\n"
             "\t<..\ttwo=a\n\t=\ttwo=\n\t*\tuptime=\n"},
-        {"zelm_outctl", "/mnt/main/tv/outputs/stale", "pid=7\nrunning=1\nuptime=9\n",
-            "\t?\tdriver=\n\t=\tpid=7\n\t*\trunning=0\n\t*\tuptime=\n"},
+        {"zelm_outctl", OUTPUTS + "stale", "pid=7\nrunning=1\nuptime=9\n",
+            "\t?\tdriver=\n\t=\tpid=7\n" + state},
     };
     for (const auto& row : rows) {
         write_file(row.path, row.settings);
         const std::string name = fs::path(row.path).filename();
-        EXPECT_EQ(output_of(std::string(row.tool) + " -c list --no-manifest -o " + name),
-            name + "{\n" + row.text + "}\n");
+        EXPECT_EQ(output_of(row.tool + " -c list --no-manifest -o " + name), name + "{\n" + row.text + "}\n");
     }
 }
 
 TEST_F(Listing, OfAFileThatCannotBeReadTellsItsStateAlone)
 {
-    write_file(std::string(INPUTS) + "secret", "#!video-passthru\ncap=1\n");
+    write_file(INPUTS + "secret", "#!video-passthru\ncap=1\n");
     output_of("chmod 0 /mnt/main/tv/inputs/secret");
-    const Outcome outcome =
-        sh("setpriv --reuid=65534 --regid=65534 --clear-groups zelm_inctl -c list --no-manifest");
-    if (outcome.err.starts_with("setpriv"))
+    if (!has_other_users())
         GTEST_SKIP() << "there are no other users here";
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "secret{\n\t*\trunning=0\n\t*\tuptime=\n}\n");
-    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(output_of(AS_NOBODY + "zelm_inctl -c list --no-manifest"),
+        "secret{\n\t*\trunning=0\n\t*\tuptime=\n}\n");
 }
 
 TEST_F(Listing, ShowsTheItemsThatAreAskedFor)
 {
     for (const char* name : {"b", "B", "a10", "a2", "x y", "all"})
-        write_file(std::string(OUTPUTS) + name, "driver=x11\n");
+        write_file(OUTPUTS + name, "driver=x11\n");
     const std::string too_long(250, 'z');
     write_file(OUTPUTS + too_long, "driver=x11\n");
     const auto item = [](const std::string& name) {
@@ -129,8 +121,6 @@ TEST_F(Listing, ShowsTheItemsThatAreAskedFor)
         {"-o all", item("all")},
         {"-o no", ""},
         {"-o .", ""},
-        {"--name-only", "B\na10\na2\nall\nb\nx y\n" + too_long + "\n"},
-        {"--name-only --json", "B\na10\na2\nall\nb\nx y\n" + too_long + "\n"},
         {"--name-only -o a2 --desc", "a2\n"},
         {"--name-only -o no", ""},
         {"--json -o no", "{}\n"},
@@ -138,47 +128,32 @@ TEST_F(Listing, ShowsTheItemsThatAreAskedFor)
     for (const auto& row : rows)
         EXPECT_EQ(output_of(std::string("zelm_outctl -c list --no-manifest ") + row.switches), row.text)
             << row.switches;
-    output_of("rmdir /mnt/main/tv/inputs");
-    for (const char* switches : {"", "--name-only", "-o a"}) {
-        const Outcome outcome = sh(std::string("zelm_inctl -c list ") + switches);
-        EXPECT_EQ(outcome.status, 1) << switches;
-        EXPECT_EQ(outcome.out + outcome.err, "") << switches;
-    }
 }
 
 TEST_F(Listing, OfAnItemThatPlaysAFileTellsItsTime)
 {
     // The fraction counts nanoseconds in millionths.
     output_of("touch -d @1000000000.25 /run/media; ln -s media /run/link");
-    const struct {
-        const char* settings;
-        const char* switches;
-        const char* text;
-    } rows[] = {
-        {"item=/run/media\n", "", "\t=\titem=/run/media\n\t*\titem mtime=1000000250.000\n"},
-        {"item=/run/media\n", "--quicksummary", "\t=\titem=/run/media\n\t*\titem mtime=1000000250.000\n"},
-        {"item=/run/media\n", "--desc",
-            "\t=\titem=/run/media\n\t*\titem mtime=1000000250.000\n.flags=!s:!nogui:\n"},
-        {"item=/run/link\n", "", "\t=\titem=/run/link\n"},
-        {"item=/run\n", "", "\t=\titem=/run\n"},
-        {"item=/run/none\n", "", "\t=\titem=/run/none\n"},
-        {"item=\n", "", "\t=\titem=\n"},
+    const auto expect_listed = [](const std::string& item, const std::string& switches,
+                                   const std::string& time) {
+        write_file(OUTPUTS + "main", "driver=x11\nitem=" + item + "\n");
+        EXPECT_EQ(
+            output_of("zelm_outctl -c list --no-manifest " + switches + "| sed -n '/item=/,/running=/p'"),
+            "\t=\titem=" + item + "\n" + time + "\t*\trunning=0\n")
+            << item << switches;
     };
-    for (const auto& row : rows) {
-        write_file(std::string(OUTPUTS) + "main", row.settings);
-        const std::string listing =
-            output_of(std::string("zelm_outctl -c list --no-manifest ") + row.switches);
-        const std::string begin = std::string("main{\n\t?\tdriver=\n") +
-                                  (std::string(row.switches) == "--desc" ? ".flags=!s:\n" : "") + row.text +
-                                  "\t*\trunning=0\n";
-        EXPECT_EQ(listing.substr(0, begin.size()), begin) << row.settings << row.switches;
-    }
+    const std::string time = "\t*\titem mtime=1000000250.000\n";
+    expect_listed("/run/media", "", time);
+    expect_listed("/run/media", "--quicksummary ", time);
+    expect_listed("/run/media", "--desc ", time + ".flags=!s:!nogui:\n");
+    for (const char* none : {"/run/link", "/run", "/run/none", ""})
+        expect_listed(none, "", "");
     EXPECT_EQ(output_of("zelm_outctl -c list --no-manifest --ex-quicksummary"), "main{\n}\n");
 }
 
 TEST_F(Listing, OfARunningItemTellsItsProcess)
 {
-    write_file(std::string(CHANNELS) + "channel1", "");
+    write_file(CHANNELS + "channel1", "");
     const pid_t pid = start("zelm_chctl", "channel1");
     const auto uptime = [] {
         const std::string listing = output_of("zelm_chctl -c list --no-manifest");
@@ -216,7 +191,7 @@ protected:
     // The listing of a channel with these settings, without what every channel has.
     static std::string listed(const std::string& settings)
     {
-        write_file(std::string(CHANNELS) + "channel1", settings);
+        write_file(CHANNELS + "channel1", settings);
         return output_of(
             "zelm_chctl -c list --no-manifest --quicksummary | grep -E ' (file type|level)=' || :");
     }
@@ -231,8 +206,8 @@ TEST_F(FileTypes, OfEachRegionAndOfTheLowestLevel)
     output_of("mkdir -p /run/m/dir /run/m/.dir.metadir /run/m/.odd.metadir/metadata; touch /run/m/odd; "
               "printf '*\\tfile type\\tplaylist\\n' >/run/m/.dir.metadir/metadata; ln -s mov /run/m/link");
     const struct {
-        const char* value;
-        const char* type;
+        std::string value;
+        std::string type;
         const char* lowest;  // the line for the lowest level, where a type that isn't known gives none
     } rows[] = {
         {"/run/m/mov", "video/quicktime", "\t*\turgent lowest level file type=video/quicktime\n"},
@@ -246,29 +221,27 @@ TEST_F(FileTypes, OfEachRegionAndOfTheLowestLevel)
         {"", "", "\t*\turgent lowest level file type=\n"},
     };
     for (const auto& row : rows) {
-        const std::string value = row.value;
-        EXPECT_EQ(listed("item=" + value + "\n"), std::string("\t*\titem file type=") + row.type + "\n")
-            << value;
-        EXPECT_EQ(listed("urgent lowest level=" + value + "\n"),
-            "\t=\turgent lowest level=" + value + "\n" + row.lowest)
-            << value;
+        EXPECT_EQ(listed("item=" + row.value + "\n"), "\t*\titem file type=" + row.type + "\n") << row.value;
+        EXPECT_EQ(listed("urgent lowest level=" + row.value + "\n"),
+            "\t=\turgent lowest level=" + row.value + "\n" + row.lowest)
+            << row.value;
     }
 }
 
 TEST_F(FileTypes, OfAllRegionsOfAChannelAndOfNothingElse)
 {
-    std::string settings;
+    std::string settings = "eas av=/run\nglobal item 9=/run\n";
     std::string expected;
-    for (const char* region : {"!alt1", "!alt2", "background music", "global item 1", "global item 2",
+    for (const std::string region : {"!alt1", "!alt2", "background music", "global item 1", "global item 2",
              "global item 3", "global item 4", "global item 5", "global item 6", "global item 7",
              "global item 8", "item", "urgent"}) {
-        settings += std::string(region) + "=/run\n";
-        expected += std::string("\t*\t") + region + " file type=\n";
+        settings += region + "=/run\n";
+        expected += "\t*\t" + region + " file type=\n";
     }
-    EXPECT_EQ(listed(settings + "eas av=/run\nglobal item 9=/run\n"), expected);
+    EXPECT_EQ(listed(settings), expected);
     EXPECT_EQ(listed("item file type=kept\n"), "\t=\titem file type=kept\n")
         << "there is no item to have a type";
-    write_file(std::string(OUTPUTS) + "main", "item=/run\n");
+    write_file(OUTPUTS + "main", "item=/run\n");
     EXPECT_EQ(output_of("zelm_outctl -c list --no-manifest | grep -c 'file type' || :"), "0\n");
 }
 

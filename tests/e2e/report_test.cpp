@@ -14,13 +14,11 @@ constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.
 
 class Report : public Appliance {
 protected:
-    static void start_main(const std::string& settings, const std::string& driver = "x11")
+    static void start_main(const std::string& settings)
     {
         output_of("rm -rf /mnt/main/tv/outputs/.main.metadir");
-        write_file(std::string(OUTPUTS) + "main", "driver=" + driver + "\n" + settings);
-        EXPECT_EQ(output_of("zelm_outctl -c start -o main"), "");
-        // Without a query: a driver may be told to bear only one.
-        EXPECT_TRUE(eventually([] { return sh("zelm_outctl -c status -o main").status == 0; })) << settings;
+        write_file(OUTPUTS + "main", "driver=x11\n" + settings);
+        bring_up("zelm_outctl", "main");
     }
 
     static Outcome list(const std::string& switches = "--timeout 1")
@@ -46,7 +44,7 @@ TEST_F(Report, ARunningItemIsListedWithWhatItReports)
     const std::string file =
         "#multiline\ntitle=File\ntitle=of two lines\nfullscreen=1\nlast notes=from the file\n"
         "driver=x11\nlast error=in the file\n";
-    write_file(std::string(OUTPUTS) + "main", file);
+    write_file(OUTPUTS + "main", file);
     EXPECT_EQ(list().out, "main{\n"
                           "\t*\tactive=1\n"
                           "\t*\tdriver=x11\n"
@@ -69,12 +67,16 @@ TEST_F(Report, ARunningItemIsListedWithWhatItReports)
                           "\t*\tusing xv=1\n"
                           "\t*\txwindow=56623105\n"
                           "}\n");
-    EXPECT_EQ(read_file(std::string(OUTPUTS) + "main"), file) << "a report is never written into the file";
+    EXPECT_EQ(read_file(OUTPUTS + "main"), file) << "a report is never written into the file";
 }
 
 TEST_F(Report, AMisbehavingDriverEndsInAHangOrInACorrectListing)
 {
     const std::string odd = "WARNING: media item report function returns ";
+    const std::string all_odd = odd + "page 'page one'. Pages are unsupported.\n" +        //
+                                odd + "item that is not status (type '?') 'question'\n" +  //
+                                odd + "item that is not status (type '=') 'plain'\n" +     //
+                                odd + "item that is not status (type '=') ''\n";
     const struct {
         std::string settings;
         const char* running;  // with the entries around it, as far as they matter
@@ -91,17 +93,9 @@ TEST_F(Report, AMisbehavingDriverEndsInAHangOrInACorrectListing)
         {"sim answer delay ms=200\n", "running=1\n", "\t*\tactive=1\n", "hang", ""},
         {"sim answer delay ms=2500\n", "running=1 hang\n", "\t=\tdriver=x11\n", "active", ""},
         {"sim flagged packets=5\n", "running=1\n", "\t*\tactive=1\n", "\tflagged packet=", ""},
-        {"sim odd entries=1\n", "running=1\n", "\t*\t=6\n", "page one=",
-            odd + "page 'page one'. Pages are unsupported.\n" +            //
-                odd + "item that is not status (type '?') 'question'\n" +  //
-                odd + "item that is not status (type '=') 'plain'\n" +     //
-                odd + "item that is not status (type '=') ''\n"},
+        {"sim odd entries=1\n", "running=1\n", "\t*\t=6\n", "page one=", all_odd},
         {"sim odd entries=1\nsim flagged packets=1\nsim answer delay ms=50\n", "running=1\n",
-            "\t&\todd status=5\n", "plain",
-            odd + "page 'page one'. Pages are unsupported.\n" +            //
-                odd + "item that is not status (type '?') 'question'\n" +  //
-                odd + "item that is not status (type '=') 'plain'\n" +     //
-                odd + "item that is not status (type '=') ''\n"},
+            "\t&\todd status=5\n", "plain", all_odd},
         {"sim corrupt=short\n", "running=1\n", "\t=\tdriver=x11\n", "active", ""},
         {"sim corrupt=texts\n", "running=1\n", "\t=\tdriver=x11\n", "active", ""},
         {"sim corrupt=no-nul\n", "running=1\n", "\t*\tactive=1\n", "xwindow", ""},
@@ -182,45 +176,39 @@ TEST_F(Report, AReplyOfAnySizeIsReadWhole)
     }
 }
 
-TEST_F(Report, AKeyThatIsReportedAgainGainsALine)
+TEST_F(Report, TheTimeLimitIsInDecimalSecondsAndMayBeNone)
 {
-    start_main("");
-    output_of("zelm_outctl -c set -o main --set 'note=new'");
-    EXPECT_EQ(count_of(list().out, "\t*\tnote=new\n"), 1U) << "told to the driver, and reported once";
-    write_file(std::string(OUTPUTS) + "main", "#multiline\ndriver=x11\nrecent events=a\nrecent events=b\n");
-    EXPECT_EQ(count_of(list().out, "\trecent events="), 3U) << "what the file holds is dropped first";
-}
-
-TEST_F(Report, TheTimeLimitIsKeptAndMayBeNone)
-{
-    start_main("sim never answer=1\n");
-    EXPECT_EQ(sh("timeout 1.2 zelm_outctl -c list --timeout 0").status, 124) << "waits for ever";
-    Clock::time_point begin = Clock::now();
-    EXPECT_EQ(count_of(list("--timeout -1").out, "running=1 hang\n"), 1U);
-    EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(900)) << "below 0 the time has run out at once";
-    begin = Clock::now();
-    EXPECT_EQ(count_of(list("--timeout 2").out, "running=1 hang\n"), 1U);
-    EXPECT_GE(Clock::now() - begin, std::chrono::seconds(2));
-    EXPECT_LT(Clock::now() - begin, std::chrono::milliseconds(3900));
-    sh("zelm_outctl -c stop -o main");
-
-    start_main("sim answer delay ms=1100\n");
-    EXPECT_EQ(count_of(list("--timeout 0").out, "\t*\tactive=1\n"), 1U) << "an answer may come late";
-    sh("zelm_outctl -c stop -o main");
-    start_main("");
-    EXPECT_EQ(count_of(list("--timeout -1").out, "running=1 hang\n"), 1U)
-        << "also of one that answers at once";
+    for (const std::string settings : {"sim never answer=1", "sim answer delay ms=1100", "title=at once"})
+        write_file(OUTPUTS + settings.substr(0, 9), "driver=x11\n" + settings + "\n");
+    for (const char* item : {"sim never", "sim answe", "title=at "})
+        bring_up("zelm_outctl", item);
+    const auto lists = [](const std::string& item, const std::string& limit, const char* line, double least,
+                           double most) {
+        const Clock::time_point begin = Clock::now();
+        const std::string listing =
+            output_of("zelm_outctl -c list --no-manifest -o '" + item + "' --timeout " + limit);
+        const double took = std::chrono::duration<double>(Clock::now() - begin).count();
+        EXPECT_EQ(count_of(listing, line), 1U) << limit << listing;
+        EXPECT_GE(took, least) << limit;
+        EXPECT_LT(took, most) << limit;
+    };
+    // In decimal 0x1 is 0, which waits for ever.
+    output_of(
+        "for t in 0 0x1; do { timeout 1.2 zelm_outctl -c list -o 'sim never' --timeout $t; echo $? >/run/$t; } & done");
+    lists("sim never", "-1", "running=1 hang\n", 0, 0.9);
+    lists("title=at ", "-1", "running=1 hang\n", 0, 0.9);
+    // Cut to 32 bits it is 1.
+    lists("sim never", "4294967297", "running=1 hang\n", 1, 2.9);
+    lists("sim answe", "0", "\t*\tactive=1\n", 1.1, 9);
+    EXPECT_EQ(read_file("/run/0") + read_file("/run/0x1"), "124\n124\n");
 }
 
 TEST_F(Report, ProgressIsShownWhenAskedFor)
 {
-    write_file(std::string(OUTPUTS) + "main", "driver=x11\n");
+    write_file(OUTPUTS + "main", "driver=x11\n");
     output_of("mkdir /mnt/main/tv/outputs/.main.metadir");
     const std::string connecting = std::string("Connecting to ") + ENTRY + "\n";
-    Descriptor listener(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
-    SocketAddress at;
-    ASSERT_TRUE(at.set(ENTRY));
-    ASSERT_EQ(::bind(listener.get(), reinterpret_cast<const sockaddr*>(&at.address), at.length), 0);
+    Descriptor listener = socket_at(ENTRY);
     // Bound, and so running to all appearance, but refusing every connection.
     EXPECT_EQ(list("-v --timeout 1").err, connecting + "Connection failed\n");
     EXPECT_EQ(list("-v --timeout 0").err, connecting + "Connection failed\nTimeout\n");
@@ -244,23 +232,11 @@ TEST_F(Report, ProgressIsShownWhenAskedFor)
     EXPECT_EQ(list("").err, "");
 }
 
-TEST_F(Report, AnItemIsAskedUnderAPathLongerThanASocketAddress)
-{
-    const std::string name(150, 'n');
-    write_file(OUTPUTS + name, "driver=x11\n");
-    start("zelm_outctl", name);
-    const std::string listing = output_of("zelm_outctl -c list --no-manifest -o " + name);
-    EXPECT_EQ(count_of(listing, "\t*\trunning=1\n"), 1U) << listing;
-    EXPECT_EQ(count_of(listing, "\t*\tactive=1\n"), 1U) << listing;
-    output_of("zelm_outctl -c stop -o " + name);
-    EXPECT_EQ(sh("zelm_outctl -c status -o " + name).status, 1);
-}
-
 TEST_F(Report, OneHungItemDelaysNoOtherBeyondItsOwnTime)
 {
     for (const char* item : {"a", "b", "c"})
-        write_file(std::string(OUTPUTS) + item,
-            std::string("driver=x11\n") + (*item == 'b' ? "sim never answer=1\n" : ""));
+        write_file(
+            OUTPUTS + item, std::string("driver=x11\n") + (*item == 'b' ? "sim never answer=1\n" : ""));
     output_of("zelm_outctl -c start -o all");
     EXPECT_TRUE(eventually(
         [] { return count_of(sh("zelm_outctl -c list --timeout -1").out, "running=1 hang") == 3; }));

@@ -1,16 +1,15 @@
 #include "e2e/sandbox_testing.hpp"
 
-#include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
+
+#include "platform/socket_io.hpp"
 
 namespace fs = std::filesystem;
 
@@ -84,17 +83,23 @@ std::string output_of(const std::string& command_line)
 
 void expect_all(const std::vector<Expected>& rows)
 {
-    for (const Expected& row : rows) {
-        const Outcome outcome = sh(row.command_line);
-        EXPECT_EQ(outcome.status, row.status) << row.command_line;
-        EXPECT_EQ(outcome.out, row.out) << row.command_line;
-        EXPECT_EQ(outcome.err, row.err) << row.command_line;
+    for (const Expected& row : rows)
+        expect_each({row.command_line}, {row.status, row.out, row.err});
+}
+
+void expect_each(const std::vector<std::string>& command_lines, const Outcome& outcome)
+{
+    for (const std::string& command_line : command_lines) {
+        const Outcome actual = sh(command_line);
+        EXPECT_EQ(actual.status, outcome.status) << command_line;
+        EXPECT_EQ(actual.out, outcome.out) << command_line;
+        EXPECT_EQ(actual.err, outcome.err) << command_line;
     }
 }
 
 bool has_other_users()
 {
-    return sh(std::string(AS_NOBODY) + "true").status == 0;
+    return sh(AS_NOBODY + "true").status == 0;
 }
 
 Mount::Mount(const std::string& arguments, const std::string& where)
@@ -106,6 +111,15 @@ Mount::~Mount()
 {
     if (m_mounted)
         sh("umount -l '" + m_where + "'");
+}
+
+Descriptor socket_at(const std::string& path)
+{
+    Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
+    SocketAddress at;
+    EXPECT_TRUE(at.set(path));
+    EXPECT_EQ(::bind(socket.get(), reinterpret_cast<const sockaddr*>(&at.address), at.length), 0) << path;
+    return socket;
 }
 
 void write_file(const std::string& path, const std::string& text)
@@ -138,12 +152,12 @@ bool eventually(const std::function<bool()>& condition, std::chrono::millisecond
 
 pid_t pid_of(const std::string& tool, const std::string& item)
 {
-    const std::string listing = sh(tool + " -c list --no-manifest --timeout 1 -o '" + item + "'").out;
+    const std::string listing = sh(tool + " -c list --no-manifest --timeout -1 -o '" + item + "'").out;
     const std::size_t at = listing.find("\tpid=");
     return at == std::string::npos ? 0 : std::stoi(listing.substr(at + 5));
 }
 
-pid_t start(const std::string& tool, const std::string& item, const std::string& switches)
+void bring_up(const std::string& tool, const std::string& item, const std::string& switches)
 {
     const Outcome outcome = sh(tool + " -c start -o '" + item + "' " + switches);
     EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -151,6 +165,11 @@ pid_t start(const std::string& tool, const std::string& item, const std::string&
         << item << " did not come up: " << outcome.err;
     // Without a private network the sockets of others are in the table too, and may stay as they are.
     eventually(no_socket_is_only_bound, std::chrono::seconds(1));
+}
+
+pid_t start(const std::string& tool, const std::string& item, const std::string& switches)
+{
+    bring_up(tool, item, switches);
     return pid_of(tool, item);
 }
 
@@ -170,6 +189,6 @@ void Appliance::clear()
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator("/run"))
         if (!entry.is_directory())
             fs::remove(entry.path(), ignored);
-    for (const char* directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
+    for (const std::string& directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
         fs::create_directories(directory);
 }

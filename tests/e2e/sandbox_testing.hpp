@@ -9,6 +9,8 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "platform/io.hpp"
+
 // What a command line did. A process that a signal ended has the status 128 and the signal's number.
 struct Outcome {
     int status;
@@ -31,8 +33,11 @@ struct Expected {
 };
 void expect_all(const std::vector<Expected>& rows);
 
+// Command lines that must all do the same.
+void expect_each(const std::vector<std::string>& command_lines, const Outcome& outcome);
+
 // Runs what follows as a user without rights. What needs it is skipped where there are no other users.
-constexpr char AS_NOBODY[] = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
+inline const std::string AS_NOBODY = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
 bool has_other_users();
 
 // A mount that lasts as long as the object; false where the machine refuses it.
@@ -50,6 +55,9 @@ private:
     bool m_mounted;
 };
 
+// A socket of the kind that drivers serve, bound there and not listening yet.
+Descriptor socket_at(const std::string& path);
+
 void write_file(const std::string& path, const std::string& text);
 std::string read_file(const std::string& path);  // "" when it can't be read
 bool exists(const std::string& path);            // also a link that leads nowhere
@@ -61,15 +69,18 @@ bool eventually(
 // The process that "list" shows for the item, 0 when it shows none. The tool is one of the four names.
 pid_t pid_of(const std::string& tool, const std::string& item);
 
-// Starts an item and waits until it runs. The test fails if it doesn't.
+// Starts an item and waits until it takes connections. The test fails if it doesn't come up.
+void bring_up(const std::string& tool, const std::string& item, const std::string& switches = "");
+
+// That, and asks which process it is.
 pid_t start(const std::string& tool, const std::string& item, const std::string& switches = "");
 
 bool is_alive(pid_t pid);
 
-constexpr char OUTPUTS[] = "/mnt/main/tv/outputs/";
-constexpr char CHANNELS[] = "/mnt/main/tv/rendermgr/";
-constexpr char INPUTS[] = "/mnt/main/tv/inputs/";
-constexpr char ROUTERS[] = "/mnt/main/tv/routing/";
+inline const std::string OUTPUTS = "/mnt/main/tv/outputs/";
+inline const std::string CHANNELS = "/mnt/main/tv/rendermgr/";
+inline const std::string INPUTS = "/mnt/main/tv/inputs/";
+inline const std::string ROUTERS = "/mnt/main/tv/routing/";
 
 // An appliance without items and without running drivers, before and after each test.
 class Appliance : public testing::Test {

@@ -9,8 +9,8 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string FILE_A = OUTPUTS + "a"s;
-const std::string METADIR_A = OUTPUTS + ".a.metadir"s;
+const std::string FILE_A = OUTPUTS + "a";
+const std::string METADIR_A = OUTPUTS + ".a.metadir";
 
 class Settings : public Appliance {
 protected:
@@ -156,12 +156,12 @@ TEST_F(Settings, AreRewrittenLineByLine)
     };
     for (const auto& row : ROWS)
         EXPECT_EQ(after_set(row.file, row.switches), row.result) << row.what;
-    for (const char* directory : {CHANNELS, INPUTS, ROUTERS})
-        write_file(directory + "a"s, "#!video-passthru\nb=2\n");
+    for (const std::string& directory : {CHANNELS, INPUTS, ROUTERS})
+        write_file(directory + "a", "#!video-passthru\nb=2\n");
     for (const char* tool : {"zelm_chctl", "zelm_inctl", "zelm_routectl"})
         EXPECT_EQ(output_of(tool + " -c set -o a --set a=1"s), "");
-    for (const char* directory : {CHANNELS, INPUTS, ROUTERS})
-        EXPECT_EQ(read_file(directory + "a"s), "#!video-passthru\n#multiline\nb=2\na=1\n") << directory;
+    for (const std::string& directory : {CHANNELS, INPUTS, ROUTERS})
+        EXPECT_EQ(read_file(directory + "a"), "#!video-passthru\n#multiline\nb=2\na=1\n") << directory;
 }
 
 TEST_F(Settings, ABigFileIsRewrittenWhole)
