@@ -73,15 +73,9 @@ TEST_F(Listing, OfFilesOfAllKinds)
         const char* settings;
         std::string text;
     } rows[] = {
-        {"zelm_outctl", OUTPUTS + "empty", "", "\t?\tdriver=\n" + state},
         {"zelm_outctl", OUTPUTS + "driverless", "driver=\n", "\t=\tdriver=\n" + state},
-        {"zelm_inctl", INPUTS + "marked", "#!Video-Passthru\ncap=1\n",
-            "\t=\tcap=1\n\t*\tdriver=video_passthru\n" + state},
         {"zelm_inctl", INPUTS + "unmarked", "\n", state},
         {"zelm_chctl", CHANNELS + "channel2", "b=2\nb=3\n=x\n", "\t=\t=x\n\t=\tb=3\n" + state},
-        {"zelm_outctl", OUTPUTS + "lines", "#multiline\ndriver=x11\nthree=a\nthree=b\nthree=c\ntwo=a\ntwo=\n",
-            "\t=\tdriver=x11\n\t*\trunning=0\n\t<..\tthree=a\n\t...\tthree=b\n\t=\tthree=c\n"
-            "\t<..\ttwo=a\n\t=\ttwo=\n\t*\tuptime=\n"},
         {"zelm_outctl", OUTPUTS + "stale", "pid=7\nrunning=1\nuptime=9\n",
             "\t?\tdriver=\n\t=\tpid=7\n" + state},
     };
