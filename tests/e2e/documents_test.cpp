@@ -18,6 +18,11 @@ struct Driver {
 };
 
 const Driver DRIVERS[] = {
+    {"zelm_outctl", "x11", "title=Old",
+        R"({"driver": "x11", "name": "n", "x11": {"title": "New", "fullscreen": {"enable": true}}})",
+        "#multiline\ndriver=x11\ntitle=New\nfullscreen=1\n",
+        R"({"x11": {"active": true, "window": 56623105, "server": ":0", "title": "New",
+            "fullscreen": {"enable": true, "using": false}}})"},
     {"zelm_outctl", "drmkms", "backlight level=50",
         R"({"driver": "x11", "name": "Lobby", "source": ["", "mnt", "main", "tv", "rendermgr", "channel1"],
             "kms": {"audio": null, "backlight": null, "master": {"enable": true}, "connector": {"index": 1,

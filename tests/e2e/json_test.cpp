@@ -119,23 +119,4 @@ TEST_F(JsonDocuments, OfSeveralItemsAreOneOfTheFirst)
     });
 }
 
-TEST_F(JsonDocuments, OfARunningOutputHoldItsStatus)
-{
-    write_file(FILE_A, "driver=x11\ntitle=Old\n");
-    start("zelm_outctl", "a");
-    EXPECT_EQ(
-        output_of("zelm_outctl -c set -o a --json-driver x11 --json-out "
-                  R"('{"driver":"x11","name":"n","x11":{"title":"New","fullscreen":{"enable":true}}}')"),
-        "");
-    EXPECT_EQ(read_file(FILE_A), "#multiline\ndriver=x11\ntitle=New\nfullscreen=1\n");
-    const std::string running = output_of("zelm_outctl -c list --json -o a");
-    for (const char* part : {R"("active": true)", R"("window": 56623105)", R"("server": ":0")",
-             R"("title": "New")", R"("fullscreen": {"enable": true)"})
-        EXPECT_NE(running.find(part), std::string::npos) << part << " in " << running;
-    sh("zelm_outctl -c stop -o a");
-    const std::string stopped = output_of("zelm_outctl -c list --json --no-manifest -o a");
-    for (const char* part : {R"("active": false)", R"("window": 0)", R"("server": "")", R"("title": "New")"})
-        EXPECT_NE(stopped.find(part), std::string::npos) << part << " in " << stopped;
-}
-
 }  // namespace

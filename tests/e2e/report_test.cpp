@@ -105,13 +105,9 @@ TEST_F(Report, AMisbehavingDriverEndsInAHangOrInACorrectListing)
     for (std::size_t i = 0; i < std::size(rows); ++i) {
         const std::string item = std::to_string(i);
         write_file(OUTPUTS + item, "driver=x11\n" + rows[i].settings);
+        bring_up("zelm_outctl", item);
         items += item + " ";
     }
-    output_of("zelm_outctl -c start -o all");
-    for (std::size_t i = 0; i < std::size(rows); ++i)
-        EXPECT_TRUE(eventually([&] {
-            return sh("zelm_outctl -c status -o " + std::to_string(i)).status == 0;
-        })) << rows[i].settings;
     const Clock::time_point begin = Clock::now();
     output_of("for i in " + items +
               "; do { zelm_outctl -c list --no-manifest --timeout 1 -o $i >/run/$i.out 2>/run/$i.err; "
@@ -178,28 +174,28 @@ TEST_F(Report, AReplyOfAnySizeIsReadWhole)
 
 TEST_F(Report, TheTimeLimitIsInDecimalSecondsAndMayBeNone)
 {
-    for (const std::string settings : {"sim never answer=1", "sim answer delay ms=1100", "title=at once"})
-        write_file(OUTPUTS + settings.substr(0, 9), "driver=x11\n" + settings + "\n");
-    for (const char* item : {"sim never", "sim answe", "title=at "})
+    const std::pair<std::string, std::string> items[] = {
+        {"never", "sim never answer=1"}, {"late", "sim answer delay ms=1100"}, {"prompt", "title=One"}};
+    for (const auto& [item, setting] : items) {
+        write_file(OUTPUTS + item, "driver=x11\n" + setting + "\n");
         bring_up("zelm_outctl", item);
-    const auto lists = [](const std::string& item, const std::string& limit, const char* line, double least,
-                           double most) {
+    }
+    const auto expect = [](const std::string& switches, const char* line, double least, double most) {
         const Clock::time_point begin = Clock::now();
-        const std::string listing =
-            output_of("zelm_outctl -c list --no-manifest -o '" + item + "' --timeout " + limit);
+        const std::string listing = output_of("zelm_outctl -c list --no-manifest -o " + switches);
         const double took = std::chrono::duration<double>(Clock::now() - begin).count();
-        EXPECT_EQ(count_of(listing, line), 1U) << limit << listing;
-        EXPECT_GE(took, least) << limit;
-        EXPECT_LT(took, most) << limit;
+        EXPECT_EQ(count_of(listing, line), 1U) << switches << listing;
+        EXPECT_GE(took, least) << switches;
+        EXPECT_LT(took, most) << switches;
     };
     // In decimal 0x1 is 0, which waits for ever.
     output_of(
-        "for t in 0 0x1; do { timeout 1.2 zelm_outctl -c list -o 'sim never' --timeout $t; echo $? >/run/$t; } & done");
-    lists("sim never", "-1", "running=1 hang\n", 0, 0.9);
-    lists("title=at ", "-1", "running=1 hang\n", 0, 0.9);
+        "for t in 0 0x1; do { timeout 1.2 zelm_outctl -c list -o never --timeout $t; echo $? >/run/$t; } & done");
+    expect("never --timeout -1", "running=1 hang\n", 0, 0.9);
+    expect("prompt --timeout -1", "running=1 hang\n", 0, 0.9);
     // Cut to 32 bits it is 1.
-    lists("sim never", "4294967297", "running=1 hang\n", 1, 2.9);
-    lists("sim answe", "0", "\t*\tactive=1\n", 1.1, 9);
+    expect("never --timeout 4294967297", "running=1 hang\n", 1, 2.9);
+    expect("late --timeout 0", "\t*\tactive=1\n", 1.1, 9);
     EXPECT_EQ(read_file("/run/0") + read_file("/run/0x1"), "124\n124\n");
 }
 
