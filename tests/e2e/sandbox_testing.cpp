@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -17,23 +18,18 @@ namespace {
 
 // The sandbox falls back to the real machine where namespaces are refused, so only what the tool starts is
 // ended, and nothing else is touched.
-bool is_of_the_appliance(const std::string& name)
-{
-    return name.starts_with("zelm_") || name.starts_with("tavorn-comm") || name == "daemon" ||
-           name.starts_with("appliance_");
-}
-
-std::string process_name(const fs::path& process)
+bool is_of_the_appliance(const fs::path& process)
 {
     const std::string name = read_file(process / "comm");
-    return name.substr(0, name.find('\n'));
+    if (name == "daemon\n")
+        return read_file(process / "cmdline").find("--name=tavorn.") != std::string::npos;
+    return name.starts_with("zelm_") || name.starts_with("tavorn-comm") || name.starts_with("appliance_");
 }
 
 bool end_one_process(const fs::path& process)
 {
     const std::string id = process.filename();
-    if (id.find_first_not_of("0123456789") != std::string::npos ||
-        !is_of_the_appliance(process_name(process)))
+    if (id.find_first_not_of("0123456789") != std::string::npos || !is_of_the_appliance(process))
         return false;
     ::kill(std::stoi(id), SIGKILL);
     return true;
@@ -48,6 +44,16 @@ bool end_all_processes()
     while (::waitpid(-1, nullptr, WNOHANG) > 0) {
     }
     return !ended_any;
+}
+
+// All that is no directory below /run.
+std::set<fs::path> run_files()
+{
+    std::set<fs::path> files;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator("/run"))
+        if (!entry.is_directory())
+            files.insert(entry.path());
+    return files;
 }
 
 int status_of(int raw)
@@ -185,10 +191,11 @@ void Appliance::clear()
     EXPECT_TRUE(eventually(end_all_processes));
     std::error_code ignored;
     fs::remove_all("/mnt/main", ignored);
-    // The sandbox made the directories; what drivers and tests left in them goes.
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator("/run"))
-        if (!entry.is_directory())
-            fs::remove(entry.path(), ignored);
+    // What was there before the first test is not the tests'; what drivers and tests left goes.
+    static const std::set<fs::path> kept = run_files();
+    for (const fs::path& file : run_files())
+        if (!kept.contains(file))
+            fs::remove(file, ignored);
     for (const std::string& directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
         fs::create_directories(directory);
 }
