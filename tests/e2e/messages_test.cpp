@@ -68,7 +68,7 @@ protected:
         write_file(INPUTS + "a", "#!video-passthru\n");
         write_file(ROUTERS + "a", "driver=knox_rsii\n");
         for (const std::string& directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
-            sh("mkdir " + directory + "directory " + directory + ".a.metadir");
+            sh("cd " + directory + "; mkdir directory .a.metadir");
     }
 };
 

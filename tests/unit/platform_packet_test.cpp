@@ -30,8 +30,10 @@ void store(Bytes& bytes, std::size_t at, std::uint32_t number, std::size_t size 
 
 std::uint32_t load(const Bytes& bytes, std::size_t at)
 {
-    return bytes[at] | bytes[at + 1] << 8 | bytes[at + 2] << 16 |
-           static_cast<std::uint32_t>(bytes[at + 3]) << 24;
+    std::uint32_t number = 0;
+    for (std::size_t i = 4; i-- > 0;)
+        number = number << 8 | bytes[at + i];
+    return number;
 }
 
 // Touches every byte that the reader lets its caller touch. The bytes move to a block of exactly their
