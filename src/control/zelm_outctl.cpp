@@ -83,11 +83,16 @@ int run_status()
 
 int run_list()
 {
-    std::shared_ptr<EmitJson> emitter;
+    // The emitter and the document live to the end of the process, which frees them faster than they would.
+    static auto& emitter = *new std::shared_ptr<EmitJson>;
     const int result = do_list(emitter);
     if (wants_json && !name_only) {
-        const json11::Json document = emitter ? emitter->emitJson() : Document{};
-        const std::string text = document.dump() + "\n";
+        static const auto& document = *new json11::Json(emitter ? emitter->emitJson() : Document{});
+        // Room for the largest document, so that the text does not move while it grows.
+        std::string text;
+        text.reserve(std::size_t{64} * 1024);
+        document.dump(text);
+        text += '\n';
         std::fwrite(text.data(), 1, text.size(), stdout_write);
         std::fflush(stdout_write);
     }

@@ -51,6 +51,9 @@ std::string JsonEmitterItem::flatten_json_key(
 
 void EmitJson::add(InfoList list)
 {
+    // For the first item alone: exact room for each one would move all entries once an item.
+    if (m_items.empty())
+        m_items.reserve(list.size());
     // Node by node, since the key of an entry that stays in its map can only be copied.
     while (!list.empty()) {
         auto entry = list.extract(list.begin());
