@@ -58,8 +58,7 @@ void ConsumerChannel::audio_fetchExtraSample(Params params)
 // The switch goes out twice: here, before the ducking, and in its place among the normalizer's members.
 void ConsumerChannel::audio_normalizer(Params params)
 {
-    create_item("audio normalizer enable",
-        params.push("normalizer").boolean("enable", "1").description("Enable audio normalization"));
+    audio_normalizer_enable(std::move(params));
 }
 
 void ConsumerChannel::audio_ducking_test(Params params)
