@@ -72,11 +72,10 @@ void set_transient(InfoList& list, const std::string& key, std::string value)
 
 void add_process_state(InfoList& list, const std::string& name)
 {
-    pid_t pid = 0;
-    const int running = is_item_running(name, &pid);
-    set_status(list, "running", std::to_string(running), "Media item running status");
+    const pid_t pid = running_processes({name}).front();
+    set_status(list, "running", pid != 0 ? "1" : "0", "Media item running status");
     static constexpr char UPTIME[] = "Length of time the media item has been running";
-    if (running == 0) {
+    if (pid == 0) {
         set_status(list, "uptime", "", UPTIME);
         return;
     }

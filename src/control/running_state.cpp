@@ -127,6 +127,14 @@ int is_item_running(const std::string& item, pid_t* pid)
     return holder != 0 ? 1 : 0;
 }
 
+std::vector<pid_t> running_processes(const std::vector<std::string>& items)
+{
+    std::vector<pid_t> processes(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i)
+        is_item_running(items[i], &processes[i]);
+    return processes;
+}
+
 void read_kernel_uptime()
 {
     kernel_clock_ticks = ::sysconf(_SC_CLK_TCK);

@@ -6,10 +6,14 @@
 #include <optional>
 #include <string>
 #include <sys/types.h>
+#include <vector>
 
 // 1 when the item runs, else 0. `pid` may be null; otherwise it gets the driver's process id, or 0. The
 // first call of a run takes the tables of sockets and processes, and all later calls judge by them.
 int is_item_running(const std::string& item, pid_t* pid);
+
+// The driver's process id of each of the items, 0 for one that doesn't run, all decided at one moment.
+std::vector<pid_t> running_processes(const std::vector<std::string>& items);
 
 // The socket of an item that has this metadir.
 std::string active_socket_path(const std::string& metadir);

@@ -11,9 +11,9 @@
 #include <utility>
 #include <vector>
 
-#include "control/infolist_item.hpp"
 #include "schema/document.hpp"
 #include "schema/field.hpp"
+#include "schema/infolist_item.hpp"
 
 struct JsonEmitterItem : infolist_item {
     std::string key;

@@ -1,25 +1,15 @@
-#include "control/infolist_item.hpp"
+#include "schema/infolist_item.hpp"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
-
-#include "control/run_state.hpp"
 
 namespace {
 
 // What a call writes to the tool's standard error.
 template <typename Call> std::string complaint_of(Call call)
 {
-    char* text = nullptr;
-    std::size_t size = 0;
-    std::FILE* const kept = stderr_write;
-    stderr_write = ::open_memstream(&text, &size);
+    testing::internal::CaptureStderr();
     call();
-    std::fclose(stderr_write);
-    stderr_write = kept;
-    std::string said(text, size);
-    std::free(text);
-    return said;
+    return testing::internal::GetCapturedStderr();
 }
 
 TEST(InfolistItem, EveryMarkerHasItsMeaning)

@@ -1,6 +1,6 @@
-#include "control/infolist_item.hpp"
+#include "schema/infolist_item.hpp"
 
-#include "control/run_state.hpp"
+#include <cstdio>
 
 std::string infolist_item::marker_string() const
 {
@@ -21,7 +21,7 @@ json11::Json infolist_item::ui() const
     std::string error;
     const json11::Json hints = json11::Json::parse(text, error);
     if (!error.empty())
-        std::fprintf(stderr_write, "Error paring %s\n%s\n", text.c_str(), error.c_str());
+        std::fprintf(stderr, "Error paring %s\n%s\n", text.c_str(), error.c_str());
     return hints.object_items();
 }
 
