@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -34,6 +35,27 @@ int mkdir_p(const char* path, unsigned int mode, int /*flags*/)
         return 0;
     struct stat there {};
     return errno == EEXIST && ::stat(path, &there) == 0 && S_ISDIR(there.st_mode) ? 0 : -1;
+}
+
+Descriptor open_regular_file(int directory, const char* path, std::int64_t size_limit)
+{
+    Descriptor file(::openat(directory, path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat state {};
+    if (!file || ::fstat(file.get(), &state) != 0)
+        return {};
+    if (S_ISREG(state.st_mode) && state.st_size <= size_limit)
+        return file;
+    if (S_ISREG(state.st_mode))
+        errno = EFBIG;
+    else
+        errno = S_ISDIR(state.st_mode) ? EISDIR : EINVAL;
+    return {};
+}
+
+bool flush_directory(int directory)
+{
+    const Descriptor opened(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return !opened || ::fsync(opened.get()) == 0 || errno == EINVAL || errno == EROFS;
 }
 
 int lock_exclusively(int fd)

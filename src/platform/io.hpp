@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <dirent.h>
 #include <memory>
 #include <string_view>
@@ -37,6 +38,15 @@ using Directory = std::unique_ptr<DIR, DirectoryClose>;
 // Makes a directory and its missing parents with `mode`, less the umask. 0 on success, also when it is
 // there already; -1 with errno set. `flags` chooses among extras of the library: -1 is the plain form.
 int mkdir_p(const char* path, unsigned int mode, int flags);
+
+// Opens a file that a neighbour may have put there, for reading: a link in the last place is not followed,
+// nothing is waited for, and only a regular file of at most `size_limit` bytes is taken. None with errno set
+// otherwise: ELOOP for a link, EISDIR, EFBIG, and EINVAL for what else is no file.
+Descriptor open_regular_file(int directory, const char* path, std::int64_t size_limit);
+
+// Brings the names in a directory to disk. False with errno set; a directory that may not be read or that
+// the file system can't flush has been flushed as well as can be.
+bool flush_directory(int directory);
 
 // flock(2), waiting as long as it takes. 0 on success, -1 with errno set.
 int lock_exclusively(int fd);

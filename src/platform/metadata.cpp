@@ -2,7 +2,9 @@
 
 #include <cerrno>
 #include <charconv>
+#include <cinttypes>
 #include <climits>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <new>
@@ -13,8 +15,10 @@
 
 namespace {
 
-constexpr char PREFIX[] = ".";
-constexpr char SUFFIX[] = ".metadir";
+const std::string PREFIX = ".";
+const std::string SUFFIX = ".metadir";
+constexpr std::size_t SHORT_FORM_BYTES = 64;
+constexpr std::int64_t METADATA_LIMIT = std::int64_t{1} << 20;
 
 void append_encoded(std::string& out, unsigned char byte)
 {
@@ -28,20 +32,50 @@ void append_encoded(std::string& out, unsigned char byte)
     out += DIGITS[byte & 15];
 }
 
+std::string encoded(std::string_view name)
+{
+    std::string text;
+    for (const char byte : name)
+        append_encoded(text, static_cast<unsigned char>(byte));
+    return text;
+}
+
+// 64 bits of FNV-1a.
+std::uint64_t hash_of(std::string_view name)
+{
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const char byte : name)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
+    return hash;
+}
+
+// What tells a name apart whose own metadir would have too long a name: how it begins, and a hash. No encoded
+// name holds "%-".
+std::string shortened(std::string_view name)
+{
+    char hash[17];
+    std::snprintf(hash, sizeof hash, "%016" PRIX64, hash_of(name));
+    return encoded(name.substr(0, SHORT_FORM_BYTES)) + "%-" + hash;
+}
+
 // Empty when the file can have no metadir.
 std::string metadir_of(std::string_view file)
 {
     const std::size_t slash = file.rfind('/');
     const std::string_view name = slash == std::string_view::npos ? file : file.substr(slash + 1);
-    if (name.empty() || name == "." || name == "..")
+    if (name.empty() || name == "." || name == ".." || name.size() > NAME_MAX)
         return {};
-    std::string encoded = PREFIX;
-    for (const char byte : name)
-        append_encoded(encoded, static_cast<unsigned char>(byte));
-    encoded += SUFFIX;
-    if (encoded.size() > NAME_MAX)
-        return {};
-    return std::string(file.substr(0, file.size() - name.size())) + encoded;
+    std::string metadir = PREFIX + encoded(name) + SUFFIX;
+    if (metadir.size() > NAME_MAX)
+        metadir = PREFIX + shortened(name) + SUFFIX;
+    return std::string(file.substr(0, file.size() - name.size())) + metadir;
+}
+
+// A metadata file, and none that a neighbour has put there to read elsewhere or to wait for.
+Descriptor open_metadata(const std::string& metadir)
+{
+    const Descriptor directory(::open(metadir.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return directory ? open_regular_file(directory.get(), METADATA_ENTRY, METADATA_LIMIT) : Descriptor();
 }
 
 // "<stream> TAB <name> TAB <value>", where "*" as the stream is the whole file.
@@ -75,6 +109,11 @@ int metadata_v4_file_to_metadir(char* out, unsigned long out_size, const char* f
     if (out_size > 0 && !fits)
         out[0] = '\0';
     return fits ? 0 : -1;
+}
+
+bool is_metadir_name(std::string_view name)
+{
+    return name.size() > PREFIX.size() + SUFFIX.size() && name.starts_with(PREFIX) && name.ends_with(SUFFIX);
 }
 
 metadata_v4_context* metadata_v4_context_create()
@@ -114,8 +153,7 @@ int metadata_v4_metadata_context_load_metadata_from_file(
         errno = ENAMETOOLONG;
         return -1;
     }
-    const Descriptor stored(
-        ::open((metadir + "/" + METADATA_ENTRY).c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor stored = open_metadata(metadir);
     // A writer holds the lock for as long as its file is not whole.
     if (!stored || ::flock(stored.get(), LOCK_SH | LOCK_NB) != 0)
         return -1;

@@ -22,6 +22,9 @@ std::string metadir_of(const std::string& file)
 TEST(Metadir, NameFollowsFromTheNameOfTheFileAlone)
 {
     const std::string longest(NAME_MAX - std::strlen("..metadir"), 'n');
+    std::string blanks;
+    for (int i = 0; i < 64; ++i)
+        blanks += "%20";
     const std::pair<std::string, std::string> cases[] = {
         {"main", ".main.metadir"},
         {"/mnt/main/tv/outputs/main", "/mnt/main/tv/outputs/.main.metadir"},
@@ -38,8 +41,10 @@ TEST(Metadir, NameFollowsFromTheNameOfTheFileAlone)
         {"dir/", ""},
         {".", ""},
         {"/mnt/..", ""},
-        {longest + "n", ""},
-        {longest.substr(2) + " ", ""},
+        {std::string(NAME_MAX + 1, 'n'), ""},
+        // Where the whole name has no room.
+        {longest + "n", "." + std::string(64, 'n') + "%-62FE8A55AB382889.metadir"},
+        {"d/" + std::string(85, ' '), "d/." + blanks + "%-9C6A75FEC2907EEF.metadir"},
     };
     for (const auto& [file, metadir] : cases)
         EXPECT_EQ(metadir_of(file), metadir) << file;
@@ -99,7 +104,7 @@ TEST(Metadata, FailuresTellWhetherToTryAgain)
 {
     const TemporaryDirectory directory;
     EXPECT_EQ(loaded(directory / "none"), std::strerror(ENOENT));
-    EXPECT_EQ(loaded(directory / std::string(NAME_MAX, 'n')), std::strerror(ENAMETOOLONG));
+    EXPECT_EQ(loaded(directory / std::string(NAME_MAX + 1, 'n')), std::strerror(ENAMETOOLONG));
     ASSERT_EQ(mkdir_p((directory / ".clip.metadir").c_str(), 0755, -1), 0);
     const std::string path = directory.file(".clip.metadir/metadata", "*\ta\tb\n");
     {
