@@ -151,13 +151,14 @@ int dispatch(const std::string& json_text, const SettingValues& settings)
     return 1;
 }
 
-// A caller must not take an answer that was cut short for the whole.
+// A caller must not take an answer that was cut short for the whole. The exit status of "status" is an answer
+// of its own and stays.
 int flush_output(int result)
 {
     if (std::fflush(stdout_write) == 0 && std::ferror(stdout_write) == 0)
         return result;
     std::fprintf(stderr_write, "Unable to write output, %s\n", std::strerror(errno));
-    return result == 0 ? 1 : result;
+    return result == 0 && command != "status" ? 1 : result;
 }
 
 }  // namespace
@@ -174,6 +175,7 @@ int main_wrapper(int argc, char** argv)
         return 1;
     set_mode_list_path();
     util_check_and_unmask_common_signals();
+    let_oversized_writes_fail();
     const int result = dispatch(json_text, settings);
     itemdir.reset();
     return flush_output(result);

@@ -2,5 +2,9 @@
 #pragma once
 
 // Puts the default actions of the common signals in force and unmasks them, whatever the caller of the
-// program had set: drivers inherit the result, and alarm(2) relies on it. 0 on success.
-int util_check_and_unmask_common_signals();
+// program had set: drivers inherit the result, and alarm(2) relies on it.
+void util_check_and_unmask_common_signals();
+
+// Makes a write beyond the limit on the size of files fail with EFBIG, as on a full disk, and not end the
+// process. A program that the process executes gets the default action again.
+void let_oversized_writes_fail();
