@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cassert>
 #include <cstdlib>
-#include <fcntl.h>
 
 #include "control/items.hpp"
 #include "control/run_state.hpp"
@@ -61,7 +60,7 @@ int infolist_load(InfoList& list, const std::string& filename)
     list.clear();
     if (!itemdir)
         return -1;
-    const Descriptor file(::openat(::dirfd(itemdir.get()), filename.c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file = open_settings(::dirfd(itemdir.get()), filename);
     if (!file)
         return -1;
     load_infolist_from_file(list, file.get());

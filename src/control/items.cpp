@@ -1,7 +1,7 @@
 #include "control/items.hpp"
 
 #include <algorithm>
-#include <cctype>
+#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <cstring>
@@ -44,10 +44,12 @@ bool equals_ignoring_case(std::string_view one, std::string_view other)
     return one.size() == other.size() && ::strncasecmp(one.data(), other.data(), one.size()) == 0;
 }
 
-Descriptor open_settings(const std::string& item)
+constexpr std::int64_t SETTINGS_LIMIT = std::int64_t{64} << 20;  // far beyond any item, and soon read
+
+Descriptor open_settings_or_complain(const std::string& item)
 {
     const std::string path = settings_path(item);
-    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    Descriptor file = open_settings(AT_FDCWD, path);
     if (!file)
         std::fprintf(stderr_write, "%s config does not exist\n", path.c_str());
     return file;
@@ -130,6 +132,16 @@ bool stat_settings(const std::string& path, struct stat& state)
     return found;
 }
 
+Descriptor open_item_directory(int access)
+{
+    return Descriptor(::open(mode_list_path.c_str(), access | O_DIRECTORY | O_CLOEXEC));
+}
+
+Descriptor open_settings(int directory, const std::string& name)
+{
+    return open_regular_file(directory, name.c_str(), SETTINGS_LIMIT);
+}
+
 bool find_metadir(const std::string& file, std::string& metadir)
 {
     char buffer[PATH_MAX + 1];
@@ -173,7 +185,7 @@ int read_driver_field(const std::string& item, std::string* driver)
     driver->clear();
     if (exec_mode == MODE_CHANNELS)
         return 0;
-    const Descriptor file = open_settings(item);
+    const Descriptor file = open_settings_or_complain(item);
     if (!file)
         return -1;
     *driver = exec_mode == MODE_INPUTS ? marked_driver(file) : last_value(file, "driver=");
@@ -183,7 +195,7 @@ int read_driver_field(const std::string& item, std::string* driver)
 int read_driver_daemonize(const std::string& item, bool& autorestart)
 {
     autorestart = false;
-    const Descriptor file = open_settings(item);
+    const Descriptor file = open_settings_or_complain(item);
     if (!file)
         return -1;
     autorestart = std::strtol(last_value(file, "autorestart=").c_str(), nullptr, 10) > 0;
@@ -214,9 +226,16 @@ int build_itemlist()
             return 1;
     }
     ::rewinddir(itemdir.get());
-    while (const dirent* entry = ::readdir(itemdir.get()))
+    errno = 0;
+    while (const dirent* entry = ::readdir(itemdir.get())) {
         if (is_listed(*entry))
             itemlist.emplace_back(entry->d_name);
+        errno = 0;
+    }
+    if (errno != 0) {
+        std::fprintf(stderr_write, "Unable to read %s, %s\n", mode_list_path.c_str(), std::strerror(errno));
+        return 1;
+    }
     std::sort(itemlist.begin(), itemlist.end());
     return 0;
 }

@@ -2,9 +2,12 @@
 // settings file without loading it.
 #pragma once
 
+#include <fcntl.h>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
+
+#include "platform/io.hpp"
 
 // What "create --type" takes and the first line of an input's file names, and the driver that it means.
 struct InputType {
@@ -22,6 +25,13 @@ std::string settings_path(const std::string& item);
 
 // Is the settings file there, and a file? Said on standard error if not.
 bool stat_settings(const std::string& path, struct stat& state);
+
+// The directory of the items, for work relative to it: to be read too, or with O_PATH only to be walked.
+Descriptor open_item_directory(int access = O_RDONLY);
+
+// Opens a settings file for reading. A neighbour may have put anything under its name: links are not
+// followed, and only a file of at most 64 MiB is taken. None with errno set otherwise.
+Descriptor open_settings(int directory, const std::string& name);
 
 // The metadir of a settings file, a path for a path and a name for a name. False if it can have none,
 // which the second one says on standard error.
@@ -47,7 +57,7 @@ int read_driver_daemonize(const std::string& item, bool& autorestart);
 std::string item_argslist_path(const std::string& driver);
 
 // Fills itemlist with the items of mode_list_path, sorted by bytes. 0, or 1 when the directory can't be
-// listed.
+// opened or, which is said on standard error, not be read to its end.
 int build_itemlist();
 
 // Moves over one word and the spaces behind it, onto the next word or the end.
