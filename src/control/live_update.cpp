@@ -30,16 +30,17 @@ bool send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
     return sent > 0;
 }
 
-// What the item answers is not looked at; packets that are no answer are passed over.
+// What the item answers is not looked at; packets that are no answer are passed over, however many, as long
+// as there is time.
 void wait_for_answer(comm_socket_v4* connection)
 {
     const std::uint64_t deadline = monotonic_clock_us() + WAIT_US;
-    for (;;) {
+    do {
         comm_socket_v4_client_from_server_readable(connection, deadline);
         const CommPacket packet(comm_socket_v4_client_get_packet_from_server(connection));
         if (!packet || is_reply(*packet))
             return;
-    }
+    } while (monotonic_clock_us() < deadline);
 }
 
 }  // namespace
