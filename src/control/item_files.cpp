@@ -13,11 +13,13 @@
 #include "control/run_state.hpp"
 #include "control/running_state.hpp"
 #include "control/usage.hpp"
+#include "control/whole_file.hpp"
 #include "platform/metadata.hpp"
 
 namespace {
 
 constexpr unsigned STARTITEM_LIMIT_S = 5;
+constexpr mode_t NEW_FILE_MODE = 0644;
 
 // What the tool knows to remove from a metadir, in this order.
 constexpr const char* METADIR_ENTRIES[] = {
@@ -27,9 +29,14 @@ constexpr const char* METADIR_ENTRIES[] = {
     ACTIVE_SOCKET_ENTRY,
 };
 
-// A new channel's name must be of the right form; the others are free.
+// A new channel's name must be of the right form; the others are free, but for those that another item's
+// metadir has or may get.
 bool accept_new_name(const std::string& name)
 {
+    if (exec_mode != MODE_CHANNELS && is_metadir_name(name)) {
+        std::fprintf(stdout_write, "Error: %s is the name of a metadata directory\n", name.c_str());
+        return false;
+    }
     if (exec_mode != MODE_CHANNELS || is_valid_channel_name(name.c_str()))
         return true;
     std::fprintf(stdout_write,
@@ -85,11 +92,6 @@ bool is_free_name(const std::string& name)
     return true;
 }
 
-Descriptor open_item_directory()
-{
-    return Descriptor(::open(mode_list_path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-}
-
 enum class NewName { REFUSED, UNCHANGED, CHANGED };
 
 // The checks of the two names that clone and rename share, words included.
@@ -120,11 +122,12 @@ int make_input_metadata(const std::string& path)
         std::fprintf(stderr_write, "can't make meta\n");
         return 1;
     }
-    if (child == 0)
+    if (child == 0) {
+        keep_standard_descriptors_only();
         execute({"/usr/bin/zelm_startitem", "--file", path, "--identify", "--create-meta"});
+    }
     ::alarm(STARTITEM_LIMIT_S);
     ::waitpid(child, nullptr, 0);
-    ::alarm(0);
     return 0;
 }
 
@@ -144,30 +147,48 @@ bool make_item_directory()
     return true;
 }
 
-// A file that holds the first line alone, or nothing.
-bool make_settings_file(const std::string& path, const std::string& first_line)
+// What is new in the directory outlives a loss of power. The item is there also where that can't be had.
+void flush_new_name(int directory)
 {
-    Descriptor descriptor(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
-    if (!descriptor) {
-        if (errno == EEXIST)
-            std::fprintf(stdout_write, "Error: Already exists\n");
-        else
-            std::fprintf(stdout_write, "Failed to create input, %s\n", std::strerror(errno));
-        return false;
-    }
-    std::FILE* file = ::fdopen(descriptor.get(), "wb");
-    if (!file) {
-        std::fprintf(stderr_write, "fdopen failed\n");
-        return false;
-    }
-    descriptor.release();
-    if (!first_line.empty())
-        std::fprintf(file, "%s\n", first_line.c_str());
-    if (std::fclose(file) != 0) {
+    if (!flush_directory(directory))
+        std::fprintf(
+            stderr_write, "WARNING: Unable to flush %s, %s\n", mode_list_path.c_str(), std::strerror(errno));
+}
+
+// Said where a new file can't be made or written. Errors of writing leave nothing behind.
+bool refuse_new_file()
+{
+    if (errno == EEXIST)
+        std::fprintf(stdout_write, "Error: Already exists\n");
+    else
         std::fprintf(stdout_write, "Failed to create input, %s\n", std::strerror(errno));
-        ::unlink(path.c_str());
-        return false;
+    return false;
+}
+
+bool write_whole(int file, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t put = TEMP_FAILURE_RETRY(::write(file, text.data(), text.size()));
+        if (put < 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(put));
     }
+    return true;
+}
+
+// A new file that holds the text. It has no name until it is whole.
+bool make_settings_file(const std::string& name, const std::string& text)
+{
+    const Descriptor directory = open_item_directory(O_PATH);
+    struct stat state {};
+    if (directory && ::fstatat(directory.get(), name.c_str(), &state, AT_SYMLINK_NOFOLLOW) == 0) {
+        errno = EEXIST;
+        return refuse_new_file();
+    }
+    WholeFile file(directory.get(), name, NEW_FILE_MODE);
+    if (!file || !write_whole(file.get(), text) || !file.flush() || !file.publish(name))
+        return refuse_new_file();
+    flush_new_name(directory.get());
     return true;
 }
 
@@ -194,29 +215,31 @@ bool copy_bytes(int source, int target)
     }
 }
 
-// Copies the file to_what to the new file to_arg, both in the directory. A partial copy is removed.
+// Copies the file to_what to the new file to_arg, both in the directory. A partial copy never has the name.
 bool copy_settings(int directory)
 {
-    const Descriptor source(::openat(directory, to_what.c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor source = open_settings(directory, to_what);
     if (!source) {
         std::fprintf(stderr_write, "Cannot open source file, %s\n", std::strerror(errno));
         return false;
     }
-    Descriptor target(
-        ::openat(directory, to_arg.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_TRUNC | O_CLOEXEC, 0644));
+    WholeFile target(directory, to_arg, NEW_FILE_MODE);
     if (!target) {
         std::fprintf(stderr_write, "Cannot open target file, %s\n", std::strerror(errno));
         return false;
     }
-    bool copied = copy_bytes(source.get(), target.get());
-    // Some file systems tell only now that what was written had no room.
-    if (copied && ::close(target.release()) != 0) {
+    if (!copy_bytes(source.get(), target.get()))
+        return false;
+    if (!target.flush()) {
         std::fprintf(stderr_write, "Error writing dest, %s\n", std::strerror(errno));
-        copied = false;
+        return false;
     }
-    if (!copied)
-        ::unlinkat(directory, to_arg.c_str(), 0);
-    return copied;
+    if (!target.publish(to_arg)) {
+        std::fprintf(stderr_write, "Cannot open target file, %s\n", std::strerror(errno));
+        return false;
+    }
+    flush_new_name(directory);
+    return true;
 }
 
 void move_metadir(int directory, const std::string& old_metadir, const std::string& new_metadir)
@@ -231,7 +254,8 @@ void remove_metadir(int directory, const std::string& metadir)
 {
     if (metadir.empty())
         return;
-    const Descriptor opened(::openat(directory, metadir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor opened(
+        ::openat(directory, metadir.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     if (opened)
         for (const char* entry : METADIR_ENTRIES)
             ::unlinkat(opened.get(), entry, 0);
@@ -257,12 +281,11 @@ int do_create()
             help();
             return 1;
         }
-        first_line = "#!" + var_type;
+        first_line = "#!" + var_type + "\n";
     }
-    const std::string path = settings_path(to_what);
-    if (!accept_new_name(to_what) || !make_item_directory() || !make_settings_file(path, first_line))
+    if (!accept_new_name(to_what) || !make_item_directory() || !make_settings_file(to_what, first_line))
         return 1;
-    return exec_mode == MODE_INPUTS ? make_input_metadata(path) : 0;
+    return exec_mode == MODE_INPUTS ? make_input_metadata(settings_path(to_what)) : 0;
 }
 
 int do_clone()

@@ -15,38 +15,77 @@
 
 namespace {
 
-// Owner and group go over to the new file; its mode is the umask's.
-void keep_owner(std::FILE* file, const struct stat& settings)
+bool stat_opened(const Descriptor& file, struct stat& state)
 {
-    if (::fchown(::fileno(file), settings.st_uid, settings.st_gid) != 0)
+    return file && ::fstat(file.get(), &state) == 0;
+}
+
+// Owner and group go over to the new file; its mode is the umask's.
+void keep_owner(int file, const struct stat& settings)
+{
+    if (::fchown(file, settings.st_uid, settings.st_gid) != 0)
         std::fprintf(stderr_write, "Warning: failed to preserve credentials\n");
 }
 
-// The settings file changes in one step or stays as it was, byte for byte.
-void rewrite_file(const std::string& path, const std::string& metadir, const struct stat& state,
-    const SettingValues& settings)
+// Whatever else has the metadir's name is none, a link to a directory too.
+Descriptor open_metadir(int directory, const std::string& metadir)
 {
-    const Descriptor source(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!source) {
-        std::fprintf(stderr_write, "Unable to open source\n");
+    return Descriptor(::openat(directory, metadir.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+}
+
+// A new metadir belongs to the owner of the settings file, whose driver has to bind its socket there. Where
+// that can't be had, it is the driver that tells.
+void make_metadir(int directory, const std::string& metadir, const struct stat& settings)
+{
+    if (::mkdirat(directory, metadir.c_str(), 0755) != 0)
         return;
+    const Descriptor made = open_metadir(directory, metadir);
+    struct stat state {};
+    if (stat_opened(made, state) && state.st_uid == ::geteuid() &&
+        ::fchown(made.get(), settings.st_uid, settings.st_gid) != 0)
+        return;
+}
+
+// The settings file changes in one step or stays as it was, byte for byte. True when it has changed; what
+// went wrong has been said otherwise.
+bool rewrite_file(
+    int directory, const std::string& item, const std::string& metadir_name, const SettingValues& settings)
+{
+    const Descriptor source = open_settings(directory, item);
+    struct stat state {};
+    if (!stat_opened(source, state)) {
+        std::fprintf(stderr_write, "Unable to open source\n");
+        return false;
     }
+    const std::string path = settings_path(item);
     if (lock_exclusively(source.get()) != 0) {
         std::fprintf(stderr_write, "Unable to lock %s, %s\n", path.c_str(), std::strerror(errno));
-        return;
+        return false;
     }
-    ReplacementFile temporary(metadir);
+    const Descriptor metadir = open_metadir(directory, metadir_name);
+    ReplacementFile temporary(metadir.get(), directory);
     if (!temporary.stream()) {
         std::fprintf(stderr_write, "Unable to create temp\n");
-        return;
+        return false;
     }
     if (!rewrite_settings(source.get(), temporary.stream(), settings)) {
         std::fprintf(stderr_write, "Unable to read source, %s\n", std::strerror(errno));
-        return;
+        return false;
     }
-    keep_owner(temporary.stream(), state);
-    if (!temporary.replace(path))
+    keep_owner(::fileno(temporary.stream()), state);
+    if (!temporary.replace(item)) {
         std::fprintf(stderr_write, "Unable to replace %s, %s\n", path.c_str(), std::strerror(errno));
+        return false;
+    }
+    return true;
+}
+
+// An item that has been deleted meanwhile leaves no metadir behind either. One that holds anything stays.
+void remove_metadir_of_no_item(int directory, const std::string& item, const std::string& metadir)
+{
+    struct stat state {};
+    if (::fstatat(directory, item.c_str(), &state, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT)
+        ::unlinkat(directory, metadir.c_str(), AT_REMOVEDIR);
 }
 
 }  // namespace
@@ -63,7 +102,13 @@ int do_set(const std::string& item, const SettingValues& settings)
     if (!stat_settings(path, state) || !find_metadir_or_complain(path, metadir))
         return 0;
     send_live_update(active_socket_path(metadir), settings);
-    ::mkdir(metadir.c_str(), 0755);
-    rewrite_file(path, metadir, state, settings);
+    const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
+    const Descriptor directory = open_item_directory(O_PATH);
+    make_metadir(directory.get(), metadir_name, state);
+    if (!rewrite_file(directory.get(), item, metadir_name, settings))
+        remove_metadir_of_no_item(directory.get(), item, metadir_name);
+    else if (!flush_directory(directory.get()))
+        std::fprintf(
+            stderr_write, "WARNING: Unable to flush %s, %s\n", mode_list_path.c_str(), std::strerror(errno));
     return 0;
 }

@@ -3,9 +3,9 @@
 
 namespace {
 
-const std::string LONG_NAME(250, 'n');      // its metadir's name is too long
 const std::string TOO_LONG_NAME(256, 'n');  // no file can be called so
 
+constexpr char METADIR_NAME_ERROR[] = "Error: .b.metadir is the name of a metadata directory\n";
 constexpr char CHANNEL_NAME_ERROR[] =
     "Error: Channel name invalid. Channel name must be 'channel' followed by a number less than 1000000\n";
 constexpr char CHANNEL_NAME_HELP[] = "Channel name must be channel followed by number.\nExample:\n"
@@ -135,7 +135,6 @@ TEST_F(Messages, OfStatus)
 {
     write_file(OUTPUTS + "teapot", "driver=x11\ndriver=teapot\n");
     write_file(OUTPUTS + "none", "# driver=x11\n");
-    write_file(OUTPUTS + LONG_NAME, "driver=alsa\n");
     write_file(ROUTERS + "teapot", "driver=teapot\n");
     write_file(ROUTERS + "none", "driver=teapot\ndriver=\n");
     expect_all({
@@ -156,12 +155,10 @@ TEST_F(Messages, OfStatus)
             "/mnt/main/tv/routing/gone config does not exist\nUnable to read config file\n"},
         {"zelm_chctl -c status -o channel1", 1, "Driver channel1 process is stopped\n",
             "No such output config /mnt/main/tv/rendermgr/channel1\n"},
-        {"ln -s a /mnt/main/tv/outputs/link; zelm_outctl -c status -o link", 1,
-            "Driver x11 process is stopped\n", "No such output config /mnt/main/tv/outputs/link\n"},
+        {"ln -s a /mnt/main/tv/outputs/link; zelm_outctl -c status -o link", 1, "",
+            "/mnt/main/tv/outputs/link config does not exist\nUnable to read config file\n"},
         {"zelm_inctl -c status -o directory", 1, "Driver directory process is stopped\n",
             "No such output config /mnt/main/tv/inputs/directory\n"},
-        {"zelm_outctl -c status -o " + LONG_NAME, 1, "Driver alsa process is stopped\n",
-            "Cannot get metadir\n"},
         {"zelm_chctl -c status -o .", 1, "Driver . process is stopped\n",
             "No such output config /mnt/main/tv/rendermgr/.\n"},
     });
@@ -233,6 +230,7 @@ TEST_F(Messages, OfCreate)
         {1, "Error: Already exists\n", ""});
     expect_all({
         {"zelm_chctl -c create -o ch7", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
+        {"zelm_routectl -c create -o .b.metadir", 1, METADIR_NAME_ERROR, ""},
         {"zelm_outctl -c create -o " + TOO_LONG_NAME, 1, "Failed to create input, File name too long\n", ""},
         {"rm -r /mnt/main/tv; ln -s /run/nowhere /mnt/main/tv; zelm_chctl -c create -o channel1", 1,
             "Failed to create dir, No such file or directory\n", ""},
@@ -266,7 +264,7 @@ TEST_P(MessagesOfCloneAndRename, AreTheSameForTheirNames)
         {"zelm_outctl" + verb + " -o " + TOO_LONG_NAME + " --to b", 1, "Error: File name too long\n", ""},
         {"zelm_inctl" + verb + " -o a --to directory", 1, "Error: target name already exists\n", ""},
         {"zelm_outctl" + verb + " -o a --to " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
-        {"zelm_outctl" + verb + " -o a --to " + LONG_NAME, 1, "", "Cannot get metadir\n"},
+        {"zelm_inctl" + verb + " -o a --to .b.metadir", 1, METADIR_NAME_ERROR, ""},
     });
     EXPECT_EQ(read_file(OUTPUTS + "a"), "driver=x11\n");
     EXPECT_FALSE(exists(OUTPUTS + "b"));
@@ -275,7 +273,6 @@ TEST_P(MessagesOfCloneAndRename, AreTheSameForTheirNames)
 TEST_F(Messages, OfDelete)
 {
     const std::string no_name = "You must specify what to name the output to delete\n";
-    write_file(OUTPUTS + LONG_NAME, "");
     expect_each(
         {"zelm_outctl -c delete", "zelm_chctl -c delete -o all", "zelm_routectl -c delete -o autostart"},
         {1, "", no_name});
@@ -283,14 +280,11 @@ TEST_F(Messages, OfDelete)
         {"zelm_inctl -c delete -o gone", 1, "Error: No such output\n", ""},
         {"zelm_outctl -c delete -o " + TOO_LONG_NAME, 1, "Error: File name too long\n", ""},
         {"zelm_chctl -c delete -o directory", 1, "Error: filesystem entry not a file\n", ""},
-        // The running test says it first.
-        {"zelm_outctl -c delete -o " + LONG_NAME, 1, "", "Cannot get metadir\nCannot get metadir\n"},
     });
 }
 
 TEST_F(Messages, OfSet)
 {
-    write_file(OUTPUTS + LONG_NAME, "b=1");
     write_file(CHANNELS + ".b.metadir", "no directory");
     write_file(CHANNELS + "b", "b=1");
     const std::string no_output = "No such output config /mnt/main/tv/";
@@ -301,10 +295,8 @@ TEST_F(Messages, OfSet)
             no_output + "inputs/link\n"},
         {"zelm_routectl -c set -o all --set a=1", 0, "", no_output + "routing/all\n"},
         {"zelm_routectl -c set -o " + TOO_LONG_NAME, 0, "", no_output + "routing/" + TOO_LONG_NAME + "\n"},
-        {"zelm_outctl -c set -o " + LONG_NAME + " --set a=1", 0, "", "Cannot get metadir\n"},
         {"zelm_chctl -c set -o b --set a=1", 0, "", "Unable to create temp\n"},
     });
-    EXPECT_EQ(read_file(OUTPUTS + LONG_NAME), "b=1");
     EXPECT_EQ(read_file(CHANNELS + "b"), "b=1");
 }
 
