@@ -46,6 +46,19 @@ void make_metadir(int directory, const std::string& metadir, const struct stat& 
         return;
 }
 
+// The item may be deleted or renamed while a set of it is under way.
+bool has_gone(int directory, const std::string& item)
+{
+    struct stat state {};
+    return ::fstatat(directory, item.c_str(), &state, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT;
+}
+
+bool refuse_to_replace(const std::string& path)
+{
+    std::fprintf(stderr_write, "Unable to replace %s, %s\n", path.c_str(), std::strerror(errno));
+    return false;
+}
+
 // The settings file changes in one step or stays as it was, byte for byte. True when it has changed; what
 // went wrong has been said otherwise.
 bool rewrite_file(
@@ -62,6 +75,8 @@ bool rewrite_file(
         std::fprintf(stderr_write, "Unable to lock %s, %s\n", path.c_str(), std::strerror(errno));
         return false;
     }
+    if (has_gone(directory, item))
+        return refuse_to_replace(path);
     const Descriptor metadir = open_metadir(directory, metadir_name);
     ReplacementFile temporary(metadir.get(), directory);
     if (!temporary.stream()) {
@@ -73,18 +88,13 @@ bool rewrite_file(
         return false;
     }
     keep_owner(::fileno(temporary.stream()), state);
-    if (!temporary.replace(item)) {
-        std::fprintf(stderr_write, "Unable to replace %s, %s\n", path.c_str(), std::strerror(errno));
-        return false;
-    }
-    return true;
+    return temporary.replace(item) || refuse_to_replace(path);
 }
 
-// An item that has been deleted meanwhile leaves no metadir behind either. One that holds anything stays.
+// An item that has gone leaves no metadir behind either. One that holds anything stays.
 void remove_metadir_of_no_item(int directory, const std::string& item, const std::string& metadir)
 {
-    struct stat state {};
-    if (::fstatat(directory, item.c_str(), &state, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT)
+    if (has_gone(directory, item))
         ::unlinkat(directory, metadir.c_str(), AT_REMOVEDIR);
 }
 

@@ -392,6 +392,9 @@ TEST_F(Messages, ThatHaveNowhereToGo)
     expect_all({
         {"zelm_outctl -c list -o a >/dev/full", 1, "", "Unable to write output, No space left on device\n"},
         {"zelm_outctl -c status -o a >&-", 1, "", ""},
+        {"zelm_chctl -c start -o a; until zelm_chctl -c status -o a >/run/out; do sleep 0.1; done; "
+         "zelm_chctl -c status -o a >/dev/full",
+            0, "", "Unable to write output, No space left on device\n"},
     });
 }
 

@@ -1,0 +1,181 @@
+// What others may do in an item directory, in a metadir and at the same time, and what the tool lets them get
+// from it.
+#include "e2e/sandbox_testing.hpp"
+
+using namespace std::string_literals;
+
+namespace {
+
+const std::string IN_OUTPUTS = "cd /mnt/main/tv/outputs; ";
+
+class Neighbours : public Appliance {
+protected:
+    void SetUp() override
+    {
+        Appliance::SetUp();
+        write_file(OUTPUTS + "a", "driver=x11\n");
+        write_file("/run/secret", "root=1\n");
+    }
+
+    static void run_in_background(const std::string& command_line)
+    {
+        sh("(" + command_line + ") >/run/out 2>&1 & echo $! >/run/background");
+    }
+
+    static std::string end_of_background()
+    {
+        EXPECT_TRUE(eventually([] { return sh("test -e /proc/$(cat /run/background)").status != 0; }));
+        return read_file("/run/out");
+    }
+};
+
+TEST_F(Neighbours, WhatIsNoSettingsFileIsNeitherReadNorWaitedFor)
+{
+    const std::string missing = "/mnt/main/tv/outputs/p config does not exist\nUnable to read config file\n";
+    const std::string none = "No such output config /mnt/main/tv/outputs/p\n";
+    for (const char* made : {"mkfifo p", "ln -s /run/secret p", "ln -s p p", "mkdir p"}) {
+        sh(IN_OUTPUTS + "rm -rf p; " + made);
+        for (const char* verb : {"status", "start", "stop"})
+            expect_all({{"timeout 5 zelm_outctl -c "s + verb + " -o p", 1, "", missing}});
+        expect_all({{"timeout 5 zelm_outctl -c set -o p --set a=1", 0, "", none},
+            {"timeout 5 zelm_outctl -c clone -o p --to q", 1, "Error: filesystem entry not a file\n", ""},
+            {"timeout 5 zelm_outctl -c list --name-only", 0, "a\n", ""}});
+    }
+}
+
+TEST_F(Neighbours, AFileThatIsSwappedDuringASetIsNotReadThroughALink)
+{
+    write_file(OUTPUTS + "a", "driver=x11\nsim answer delay ms=700\n");
+    start("zelm_outctl", "a");
+    for (const char* swap : {"ln -sf /run/secret a", "rm a; mkfifo a"}) {
+        sh(IN_OUTPUTS + "rm a; touch a");
+        run_in_background("zelm_outctl -c set -o a --set b=1");
+        sh("sleep 0.3; " + IN_OUTPUTS + swap);
+        EXPECT_EQ(end_of_background(), "Unable to open source\n") << swap;
+        EXPECT_EQ(output_of("find /mnt/main/tv/outputs/a -type f"), "") << swap;
+    }
+    EXPECT_EQ(read_file("/run/secret"), "root=1\n");
+}
+
+TEST_F(Neighbours, ALinkedMetadirLeadsNowhere)
+{
+    sh("mkdir /run/closed; touch /run/closed/metadata; ln -s /run/closed " + OUTPUTS + ".a.metadir");
+    expect_all({
+        {"zelm_outctl -c set -o a --set b=1", 0, "", "Unable to create temp\n"},
+        {"zelm_outctl -c delete -o a", 0, "", "WARNING: failed to remove metadir for a, Not a directory\n"},
+        {"ls -A /run/closed; rm -r /run/closed", 0, "metadata\n", ""},
+    });
+}
+
+TEST_F(Neighbours, AMediaFilesMetadataIsReadOnlyFromAFile)
+{
+    write_file(CHANNELS + "channel1", "item=/run/m/clip\n");
+    for (const char* made :
+        {"mkfifo .clip.metadir/metadata", "ln -s /dev/zero .clip.metadir/metadata",
+            "truncate -s 1T .clip.metadir/metadata", "rmdir .clip.metadir; ln -s /run/typed .clip.metadir"}) {
+        sh(std::string(
+               "rm -rf /run/m /run/typed; mkdir -p /run/m/.clip.metadir /run/typed; cd /run/m; touch clip; "
+               "printf '*\\tfile type\\ta/b\\n' >/run/typed/metadata; ") +
+            made);
+        EXPECT_EQ(output_of("timeout 5 zelm_chctl -c list --no-manifest | grep 'file type'"),
+            "\t*\titem file type=\n")
+            << made;
+    }
+}
+
+TEST_F(Neighbours, ALockThatAnybodyCanTakeHoldsNobodyUp)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    sh(IN_OUTPUTS + "mkdir .a.metadir");
+    for (const char* locked : {".a.metadir", ".a.metadir/.tmpup"}) {
+        sh("touch " + OUTPUTS + ".a.metadir/.tmpup");
+        run_in_background("exec " + AS_NOBODY + "flock " + OUTPUTS + locked + " sleep 20");
+        EXPECT_TRUE(eventually([&] { return sh("flock -n " + OUTPUTS + locked + " true").status != 0; }));
+        expect_all({{"timeout 5 zelm_outctl -c set -o a --set b=1", 0, "", ""}});
+        sh("kill $(cat /run/background)");
+    }
+    EXPECT_EQ(read_file(OUTPUTS + "a"), "#multiline\ndriver=x11\nb=1\n");
+}
+
+TEST_F(Neighbours, AnItemThatGoesDuringASetDoesNotComeBack)
+{
+    // While the set waits for the file, and just before it puts the new one in place.
+    const std::string waits = "(flock -o a sleep 0.5; sleep 0.1) & sleep 0.1; ";
+    const std::string holds = "strace -qq -o /dev/null --inject=renameat2:delay_enter=500000 ";
+    const bool traceable = sh(holds + "true").status == 0;
+    for (const auto& [before, tracer] : {std::pair(waits, ""s), std::pair(""s, holds)})
+        for (const auto& [go, left] :
+            {std::pair("delete -o a", ""), std::pair("rename -o a --to c", "c\n")}) {
+            if (!tracer.empty() && !traceable)
+                continue;
+            sh(IN_OUTPUTS + "rm -rf * .[a-z]*; touch a");
+            const std::string set = tracer + "zelm_outctl -c set -o a --set b=1 >/run/out 2>&1 & sleep 0.3; ";
+            sh(IN_OUTPUTS + "export ASAN_OPTIONS=detect_leaks=0; " + before + set + "zelm_outctl -c " + go +
+                "; wait");
+            EXPECT_EQ(read_file("/run/out"),
+                "Unable to replace /mnt/main/tv/outputs/a, No such file or directory\n")
+                << tracer << go;
+            EXPECT_EQ(output_of(IN_OUTPUTS + "ls; find . -name .tmpup -o -name .a.metadir"), left)
+                << tracer << go;
+        }
+}
+
+TEST_F(Neighbours, AMetadirThatASetMakesBelongsToTheItemsOwner)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    sh("chown 1234:1235 /mnt/main/tv/outputs/a; zelm_outctl -c set -o a --set b=1");
+    EXPECT_EQ(output_of("stat -c '%u %g %a' /mnt/main/tv/outputs/.a.metadir"), "1234 1235 755\n");
+    start("zelm_outctl", "a");
+}
+
+TEST_F(Neighbours, ALimitOnTheSizeOfFilesIsAFullDisk)
+{
+    const std::string limited = "prlimit --fsize=4 ";
+    expect_all({
+        {limited + "zelm_outctl -c set -o a --set b=1 2>&1 | cat", 0,
+            "Unable to replace /mnt/main/tv/outputs/a, File too large\n", ""},
+        {limited + "zelm_outctl -c clone -o a --to b 2>&1 | cat", 0, "Incomplete write to dest\n", ""},
+        {limited + "zelm_inctl -c create -o b --type trigger-rs232 2>&1 | cat", 0,
+            "Failed to create input, File too large\n", ""},
+        {"cd /mnt/main/tv; ls outputs inputs; cat outputs/a", 0, "inputs:\n\noutputs:\na\ndriver=x11\n", ""},
+    });
+    // The signal that a write beyond the limit raises ends a driver as ever.
+    const pid_t driver = start("zelm_outctl", "a");
+    sh("kill -XFSZ " + std::to_string(driver));
+    EXPECT_TRUE(eventually([&] { return !is_alive(driver); }));
+}
+
+TEST_F(Neighbours, ADirectoryThatCannotBeReadIsNoShortOne)
+{
+    if (sh("strace -o /dev/null true").status != 0)
+        GTEST_SKIP() << "processes can't be traced here";
+    for (const char* arguments : {"list", "list --name-only", "start -o all", "stop -o autostart"})
+        expect_all(
+            {{"ASAN_OPTIONS=detect_leaks=0 strace -qq -o /dev/null --inject=getdents64:error=EIO:when=2 "
+              "zelm_outctl -c "s +
+                    arguments,
+                1, "", "Unable to read /mnt/main/tv/outputs, Input/output error\n"}});
+}
+
+TEST_F(Neighbours, NamesOfAnyLengthCanBeSetRenamedAndDeleted)
+{
+    for (const std::string& name : {std::string(255, 'n'), std::string(80, ' '), std::string(247, 'n')}) {
+        const std::string item = " -o '" + name + "'";
+        expect_all({
+            {"zelm_outctl -c create" + item, 0, "", ""},
+            {"zelm_outctl -c set --set driver=x11" + item, 0, "", ""},
+            {"zelm_outctl -c start" + item, 0, "", ""},
+        });
+        EXPECT_TRUE(eventually([&] { return sh("zelm_outctl -c status" + item).status == 0; }));
+        expect_all({
+            {"zelm_outctl -c stop" + item, 0, "", ""},
+            {"zelm_outctl -c rename --to b" + item, 0, "", ""},
+            {"zelm_outctl -c rename -o b --to '" + name + "'", 0, "", ""},
+            {"zelm_outctl -c delete" + item + "; ls -A /mnt/main/tv/outputs", 0, "a\n", ""},
+        });
+    }
+}
+
+}  // namespace
