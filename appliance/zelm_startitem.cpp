@@ -47,11 +47,15 @@ bool write_whole(int fd, std::string_view text)
     return ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
 }
 
+// With the descriptors that it was handed, of which there should be none but the standard ones.
 void log_call(int argc, const char* const* argv)
 {
     std::string line;
     for (int i = 0; i < argc; ++i)
         line += std::string(i > 0 ? " " : "") + argv[i];
+    for (int fd = STDERR_FILENO + 1; fd < 64; ++fd)
+        if (::fcntl(fd, F_GETFD) >= 0)
+            line += " with descriptor " + std::to_string(fd);
     const Descriptor log(::open(LOG_PATH, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
     if (log)
         write_whole(log.get(), line + "\n");

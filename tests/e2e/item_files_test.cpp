@@ -60,7 +60,7 @@ TEST_F(ItemFiles, AnInputsMetadataIsPreparedByTheOutsideProgram)
     expect_all({
         {"zelm_inctl -c create -o 'in 1' --type trigger-rs232", 0, "", ""},
         {"zelm_inctl -c create -o in2 --type video-passthru-v2", 0, "", ""},
-        {"zelm_inctl -c clone -o in2 --to in3", 0, "", ""},
+        {"zelm_inctl -c clone -o in2 --to in3 7</dev/null", 0, "", ""},
         {"cat '/mnt/main/tv/inputs/in 1' /mnt/main/tv/inputs/in2 /mnt/main/tv/inputs/in3", 0,
             "#!trigger-rs232\n#!video-passthru-v2\n#!video-passthru-v2\n", ""},
         {"cat /run/zelm_startitem.log", 0,
