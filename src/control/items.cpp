@@ -137,6 +137,13 @@ Descriptor open_item_directory(int access)
     return Descriptor(::open(mode_list_path.c_str(), access | O_DIRECTORY | O_CLOEXEC));
 }
 
+void flush_item_directory(int directory)
+{
+    if (!flush_directory(directory))
+        std::fprintf(
+            stderr_write, "WARNING: Unable to flush %s, %s\n", mode_list_path.c_str(), std::strerror(errno));
+}
+
 Descriptor open_settings(int directory, const std::string& name)
 {
     return open_regular_file(directory, name.c_str(), SETTINGS_LIMIT);

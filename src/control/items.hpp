@@ -29,6 +29,10 @@ bool stat_settings(const std::string& path, struct stat& state);
 // The directory of the items, for work relative to it: to be read too, or with O_PATH only to be walked.
 Descriptor open_item_directory(int access = O_RDONLY);
 
+// Brings new names in the directory to disk, so that they outlive a loss of power. What can't be brought
+// there is warned of on standard error; the items are there all the same.
+void flush_item_directory(int directory);
+
 // Opens a settings file for reading. A neighbour may have put anything under its name: links are not
 // followed, and only a file of at most 64 MiB is taken. None with errno set otherwise.
 Descriptor open_settings(int directory, const std::string& name);

@@ -115,10 +115,9 @@ int do_set(const std::string& item, const SettingValues& settings)
     const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
     const Descriptor directory = open_item_directory(O_PATH);
     make_metadir(directory.get(), metadir_name, state);
-    if (!rewrite_file(directory.get(), item, metadir_name, settings))
+    if (rewrite_file(directory.get(), item, metadir_name, settings))
+        flush_item_directory(directory.get());
+    else
         remove_metadir_of_no_item(directory.get(), item, metadir_name);
-    else if (!flush_directory(directory.get()))
-        std::fprintf(
-            stderr_write, "WARNING: Unable to flush %s, %s\n", mode_list_path.c_str(), std::strerror(errno));
     return 0;
 }

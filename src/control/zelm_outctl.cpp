@@ -8,11 +8,12 @@
 #include <unistd.h>
 
 #include "control/command_line.hpp"
+#include "control/create_item.hpp"
 #include "control/infolist.hpp"
-#include "control/item_files.hpp"
 #include "control/items.hpp"
 #include "control/list_items.hpp"
 #include "control/output_driver.hpp"
+#include "control/rename_item.hpp"
 #include "control/run_state.hpp"
 #include "control/running_state.hpp"
 #include "control/start_item.hpp"
