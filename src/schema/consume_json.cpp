@@ -1,6 +1,6 @@
 #include "schema/consume_json.hpp"
 
-#include "schema/composite_text.hpp"
+#include "schema/codings.hpp"
 
 using json11::Json;
 
@@ -38,28 +38,75 @@ std::pair<std::string, std::string> JsonConsumer::parse_item(const std::string& 
 
 namespace {
 
-Params declare(const Field& field, Params params)
+// Down a path, name by name.
+const Json* walk(const Json* at, std::string_view path)
 {
-    switch (field.coding) {
-    case Coding::TEXT: return params.string(field.json_key, field.text);
-    case Coding::NULLABLE_TEXT: return params.string(field.json_key).or_null();
-    case Coding::BOOLEAN: return params.boolean(field.json_key, field.text);
-    case Coding::NULLABLE_BOOLEAN: return params.boolean(field.json_key).or_null();
-    case Coding::INTEGER: return params.integer(field.json_key, field.text);
-    case Coding::NUMBER: return params.number(field.json_key, field.text);
-    case Coding::NULLABLE_NUMBER: return params.number(field.json_key).or_null();
-    case Coding::CONSTANT: return params.constant(field.json_key, field.text).or_null();
+    while (!path.empty()) {
+        const std::size_t dot = path.find('.');
+        at = member_of(at, path.substr(0, dot));
+        path.remove_prefix(dot == std::string_view::npos ? path.size() : dot + 1);
     }
-    return params;
+    return at;
+}
+
+codings::Place place_of(const Json* at, std::string_view path)
+{
+    const std::size_t dot = path.rfind('.');
+    const Json* const object = dot == std::string_view::npos ? at : walk(at, path.substr(0, dot));
+    return {object, member_of(object, path.substr(dot + 1))};
+}
+
+// The group at this place of the array, nullptr if it is not read. `around` is the array of the objects
+// that each have such an array at the path.
+const Json* element(
+    const Json* array, std::size_t place, Elements which, const Json* around, std::string_view path)
+{
+    if (which == Elements::DIAGONAL) {
+        const bool is_read = around && !(*around)[place][std::string(path)][place].is_null();
+        return is_read ? member_of(array, std::to_string(place)) : nullptr;
+    }
+    if (!array || !array->is_array())
+        return nullptr;
+    for (std::size_t i = 0; which == Elements::UP_TO_NULL && i < place; ++i)
+        if ((*array)[i].is_null())
+            return nullptr;
+    return &(*array)[place];
 }
 
 }  // namespace
 
-void JsonConsumer::create_items(
-    std::span<const Field> fields, const Params& params, const std::string& key_prefix)
+void JsonConsumer::read(const Table& table, const Scope& scope)
 {
-    for (const Field& field : fields)
-        create_item(key_prefix + field.flat_key, declare(field, params));
+    for (std::size_t i = 0; i < table.rows.size(); i += 1 + table.rows[i].members) {
+        const PackedRow& row = table.rows[i];
+        if (row.members > 0)
+            read_group(table, i, scope);
+        else if (row.direction != Direction::WRITTEN)
+            read_member(table, row, scope);
+    }
+}
+
+void JsonConsumer::read_group(const Table& table, std::size_t group, const Scope& scope)
+{
+    const PackedRow& row = table.rows[group];
+    const Table members = table.members_of(group);
+    const std::string_view path = table.text(row.path);
+    const Json* const object = walk(scope.object, path);
+    const std::string key_prefix = scope.key_prefix + table.text(row.key);
+    if (row.repeat.count == 0)
+        read(members, {object, scope.array, key_prefix});
+    for (std::size_t i = 0; i < row.repeat.count; ++i)
+        read(members, {element(object, i, row.repeat.elements, scope.array, path), object,
+                          numbered(key_prefix, row.repeat.first_number + static_cast<int>(i))});
+}
+
+void JsonConsumer::read_member(const Table& table, const PackedRow& row, const Scope& scope)
+{
+    const codings::Place place = place_of(scope.object, table.text(row.path));
+    if (auto text = codings::read(row.coding, place, table.text(row.null_text)))
+        create_item(scope.key_prefix + table.text(row.key), std::move(*text));
+    else if (row.nameless_if_absent)
+        create_item("", "");
 }
 
 std::string JsonConsumer::timed_value(const std::string& count, const std::string& unit)

@@ -1,19 +1,17 @@
 // The reading side of every schema: a JSON document in, flat settings out.
 //
-// A schema class derives from JsonConsumer and calls its handlers in createItems(), one for each object
-// and member of the document. A member that the document lacks produces nothing, so that a partial
-// document changes only what it names. Nothing is rejected.
+// A schema class derives from JsonConsumer and hands its table on in createItems(). A member that the
+// document lacks produces nothing, so that a partial document changes only what it names. Nothing is
+// rejected.
 #pragma once
 
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "schema/document.hpp"
-#include "schema/field.hpp"
+#include "schema/packed_table.hpp"
 #include "schema/schema_params.hpp"
-#include "schema/word_pairs.hpp"
 
 // Pairs of flat key and value in the order in which a set applies them; duplicates stay.
 using SettingValues = std::vector<std::pair<std::string, std::string>>;
@@ -51,12 +49,26 @@ protected:
     // The field's pair, if the document has the field.
     void create_item(const std::string& key, const Params& params);
 
-    // The pairs of fields that both directions code alike, in their order. `key_prefix` goes in front of
-    // each flat key.
-    void create_items(
-        std::span<const Field> fields, const Params& params, const std::string& key_prefix = "");
+    // The pairs of the table's rows, in their order, as far as the document has them. `members` may stand in
+    // for the document.
+    void create_items(const Table& table) { read(table, {&m_document, nullptr, {}}); }
+    void create_items(const Table& table, const json11::Json& members)
+    {
+        read(table, {&members, nullptr, {}});
+    }
 
 private:
+    // Where the members of a table stand.
+    struct Scope {
+        const json11::Json* object;  // nullptr if the document lacks it
+        const json11::Json* array;   // of which the object is an element, if it is one
+        std::string key_prefix;
+    };
+
+    void read(const Table& table, const Scope& scope);
+    void read_group(const Table& table, std::size_t group, const Scope& scope);
+    void read_member(const Table& table, const PackedRow& row, const Scope& scope);
+
     json11::Json m_document;
     SettingValues m_items;
 };

@@ -6,11 +6,13 @@
 #include <climits>
 #include <cstdlib>
 
-#include "schema/composite_text.hpp"
+#include "schema/codings.hpp"
 
 using json11::Json;
 
 namespace {
+
+const std::string NO_VALUE;
 
 constexpr char PROGRESSIVE[] = "progressive";
 constexpr char BOTTOM_FIELD_FIRST[] = "interlaced bottom-field-first";
@@ -49,84 +51,86 @@ std::string JsonEmitterItem::flatten_json_key(
     return {};
 }
 
+namespace {
+
+bool is_below(const JsonEmitterItem& item, std::string_view key)
+{
+    return item.key < key;
+}
+
+bool is_ahead(const JsonEmitterItem& left, const JsonEmitterItem& right)
+{
+    return left.key < right.key;
+}
+
+}  // namespace
+
 void EmitJson::add(InfoList list)
 {
-    // For the first item alone: exact room for each one would move all entries once an item.
-    if (m_items.empty())
+    const auto known = static_cast<std::ptrdiff_t>(m_items.size());
+    if (known == 0)
         m_items.reserve(list.size());
-    // Node by node, since the key of an entry that stays in its map can only be copied.
-    while (!list.empty()) {
-        auto entry = list.extract(list.begin());
-        m_items.push_back({std::move(entry.mapped()), std::move(entry.key())});
+    std::ptrdiff_t place = 0;
+    for (auto& [key, item] : list) {
+        const auto known_end = m_items.begin() + known;
+        const auto found = std::lower_bound(m_items.begin() + place, known_end, key, is_below);
+        place = found - m_items.begin();
+        if (found != known_end && found->key == key)
+            m_later[key] = std::move(item.value);
+        else
+            m_items.push_back({std::move(item), std::move(key)});
     }
-    if (m_sorted == 0)
-        m_sorted = m_items.size();
+    std::inplace_merge(m_items.begin(), m_items.begin() + known, m_items.end(), is_ahead);
 }
 
-// The first item's entries came in the order of their keys, and its word counts before all others'.
-const JsonEmitterItem* EmitJson::find(const std::string& key) const
+const JsonEmitterItem* EmitJson::find(std::string_view key) const
 {
-    const auto sorted_end = m_items.begin() + static_cast<std::ptrdiff_t>(m_sorted);
-    const auto is_below = [](const JsonEmitterItem& item, const std::string& wanted) {
-        return item.key < wanted;
-    };
-    auto found = std::lower_bound(m_items.begin(), sorted_end, key, is_below);
-    if (found == sorted_end || found->key != key)
-        found = std::find_if(
-            sorted_end, m_items.end(), [&key](const JsonEmitterItem& item) { return item.key == key; });
-    return found == m_items.end() ? nullptr : &*found;
+    const auto found = std::lower_bound(m_items.begin(), m_items.end(), key, is_below);
+    return found == m_items.end() || found->key != key ? nullptr : &*found;
 }
 
-const std::string& EmitJson::value(const std::string& key) const
+const std::string& EmitJson::value(std::string_view key) const
 {
-    static const std::string EMPTY;
     const JsonEmitterItem* item = find(key);
-    return item ? item->value : EMPTY;
+    return item ? item->value : NO_VALUE;
 }
 
-Json EmitJson::null_or_value(const std::string& key) const
+Json EmitJson::null_or_value(std::string_view key) const
 {
-    const std::string& text = value(key);
-    return text.empty() ? Json() : Json(text);
+    return codings::NullableText::written(value(key), "");
 }
 
-Json EmitJson::boolean(const std::string& key) const
+Json EmitJson::boolean(std::string_view key) const
 {
-    return value(key) == "1";
+    return codings::Boolean::written(value(key), "");
 }
 
-Json EmitJson::null_or_boolean(const std::string& key) const
+Json EmitJson::null_or_boolean(std::string_view key) const
 {
-    return value(key).empty() ? Json() : boolean(key);
+    return codings::Nullable<codings::Boolean>::written(value(key), "");
 }
 
-Json EmitJson::number(const std::string& key, double fallback) const
+Json EmitJson::number(std::string_view key, double fallback) const
 {
     return read_number(value(key), fallback);
 }
 
-Json EmitJson::null_or_number(const std::string& key) const
+Json EmitJson::null_or_number(std::string_view key) const
 {
-    return value(key).empty() ? Json() : number(key);
+    return codings::Nullable<codings::Number>::written(value(key), "");
 }
 
-Json EmitJson::integer(const std::string& key, int fallback) const
+Json EmitJson::integer(std::string_view key, int fallback) const
 {
     return read_integer(value(key), fallback);
 }
 
-Json EmitJson::null_or_integer(const std::string& key) const
+Json::array EmitJson::path(std::string_view key) const
 {
-    return value(key).empty() ? Json() : integer(key);
+    return codings::Path::written(value(key), "").array_items();
 }
 
-Json::array EmitJson::path(const std::string& key) const
-{
-    const std::vector<std::string> parts = split(value(key), "/");
-    return {parts.begin(), parts.end()};
-}
-
-const JsonEmitterItem& EmitJson::get(const std::string& key) const
+const JsonEmitterItem& EmitJson::get(std::string_view key) const
 {
     const JsonEmitterItem* item = find(key);
     if (!item)
@@ -190,27 +194,139 @@ std::optional<int> EmitJson::parse_integer(const std::string& text)
     return static_cast<int>(number);
 }
 
-Json EmitJson::field(const Field& field, const std::string& flat_key) const
-{
-    switch (field.coding) {
-    case Coding::TEXT: return value(flat_key);
-    case Coding::NULLABLE_TEXT: return null_or_value(flat_key);
-    case Coding::BOOLEAN: return boolean(flat_key);
-    case Coding::NULLABLE_BOOLEAN: return null_or_boolean(flat_key);
-    case Coding::INTEGER: return integer(flat_key);
-    case Coding::NUMBER: return number(flat_key);
-    case Coding::NULLABLE_NUMBER: return null_or_number(flat_key);
-    case Coding::CONSTANT: return field.text;
+// An object in the making. Members come in the order of a table, in which neighbours mostly stand in the
+// same object: that one stays open until a member leads elsewhere.
+class EmitJson::Tree {
+public:
+    void put(std::string_view path, Json member)
+    {
+        std::size_t depth = 1;
+        for (auto dot = path.find('.'); dot != path.npos; dot = path.find('.')) {
+            open(path.substr(0, dot), depth++);
+            path.remove_prefix(dot + 1);
+        }
+        close_to(depth);
+        m_open.back().members.insert_or_assign(std::string(path), std::move(member));
     }
-    return nullptr;
+
+    Json::object finish()
+    {
+        close_to(1);
+        return std::move(m_open.front().members);
+    }
+
+private:
+    struct Level {
+        std::string_view name;
+        Json::object members;
+    };
+
+    // What was closed before is opened again.
+    void open(std::string_view name, std::size_t depth)
+    {
+        if (depth < m_open.size() && m_open[depth].name == name)
+            return;
+        close_to(depth);
+        const Json::object& around = m_open.back().members;
+        const auto closed = around.find(std::string(name));
+        m_open.push_back({name, closed == around.end() ? Json::object() : closed->second.object_items()});
+    }
+
+    void close_to(std::size_t depth)
+    {
+        while (m_open.size() > depth) {
+            Level level = std::move(m_open.back());
+            m_open.pop_back();
+            m_open.back().members.insert_or_assign(
+                std::string(level.name), json_of(std::move(level.members)));
+        }
+    }
+
+    // Members that are called by their places are an array.
+    static Json json_of(Json::object members)
+    {
+        if (members.empty() || members.begin()->first != "0")
+            return members;
+        Json::array elements;
+        for (auto& [place, element] : members)
+            elements.push_back(std::move(element));
+        return elements;
+    }
+
+    std::vector<Level> m_open = std::vector<Level>(1);
+};
+
+// The entries whose keys begin with a group's prefix, which all of them have in common.
+struct EmitJson::Entries {
+    std::span<const JsonEmitterItem> items;
+    std::size_t prefix_size = 0;
+
+    std::string_view rest(const JsonEmitterItem& item) const
+    {
+        return std::string_view(item.key).substr(prefix_size);
+    }
+
+    auto lower_bound(std::string_view key) const
+    {
+        return std::lower_bound(items.begin(), items.end(), key,
+            [this](const JsonEmitterItem& item, std::string_view wanted) { return rest(item) < wanted; });
+    }
+
+    const std::string& value(std::string_view key) const
+    {
+        const auto found = lower_bound(key);
+        return found == items.end() || rest(*found) != key ? NO_VALUE : found->value;
+    }
+
+    Entries beginning_with(std::string_view prefix) const
+    {
+        const auto first = lower_bound(prefix);
+        const auto last = std::partition_point(first, items.end(),
+            [this, prefix](const JsonEmitterItem& item) { return rest(item).starts_with(prefix); });
+        return {{first, last}, prefix_size + prefix.size()};
+    }
+};
+
+Document EmitJson::members(const Table& table) const
+{
+    return object(table, {m_items});
 }
 
-Json::object EmitJson::fields(std::span<const Field> fields, const std::string& key_prefix) const
+Json::object EmitJson::object(const Table& table, const Entries& entries)
 {
-    Json::object members;
-    for (const Field& row : fields)
-        members[row.json_key] = field(row, key_prefix + row.flat_key);
-    return members;
+    Tree tree;
+    write(table, entries, tree);
+    return tree.finish();
+}
+
+void EmitJson::write(const Table& table, const Entries& entries, Tree& tree)
+{
+    for (std::size_t i = 0; i < table.rows.size(); i += 1 + table.rows[i].members) {
+        const PackedRow& row = table.rows[i];
+        if (row.members > 0)
+            write_group(table, i, entries, tree);
+        else if (row.direction != Direction::READ)
+            if (auto member = codings::written(
+                    row.coding, entries.value(table.text(row.key)), table.text(row.null_text)))
+                tree.put(table.text(row.path), std::move(*member));
+    }
+}
+
+void EmitJson::write_group(const Table& table, std::size_t group, const Entries& entries, Tree& tree)
+{
+    const PackedRow& row = table.rows[group];
+    const Table members = table.members_of(group);
+    const std::string_view path = table.text(row.path);
+    const std::string key = table.text(row.key);
+    if (path.empty())
+        return write(members, entries.beginning_with(key), tree);
+    if (row.repeat.count == 0)
+        return tree.put(path, object(members, entries.beginning_with(key)));
+    Json::array elements;
+    for (int i = 0; i < row.repeat.count; ++i)
+        elements.push_back(
+            object(members, entries.beginning_with(numbered(key, row.repeat.first_number + i))));
+    tree.put(path, std::move(elements));
 }
 
 Json EmitJson::json() const
@@ -218,6 +334,8 @@ Json EmitJson::json() const
     Json::object members;
     for (const JsonEmitterItem& item : m_items)
         members[item.key] = item.value;
+    for (const auto& [key, value] : m_later)
+        members[key] = value;
     return members;
 }
 

@@ -1,19 +1,20 @@
 // The writing side of every schema: flat settings in, a JSON document out.
 //
-// A schema class derives from EmitJson and states its document in emitJson(), reading each flat key
-// through one of the coders below. Where a flat key occurs several times, the first one counts.
+// A schema class derives from EmitJson and hands its table on in emitJson(). Where a flat key occurs in
+// several items, the first one counts.
 #pragma once
 
+#include <map>
 #include <optional>
-#include <span>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
 
 #include "schema/document.hpp"
-#include "schema/field.hpp"
 #include "schema/infolist_item.hpp"
+#include "schema/packed_table.hpp"
 
 struct JsonEmitterItem : infolist_item {
     std::string key;
@@ -33,22 +34,22 @@ public:
     // The document's members.
     virtual Document emitJson() const { return {}; }
 
-    // Appends the entries of one item, whatever their markers, behind those of earlier items.
+    // Takes the entries of one item, whatever their markers. Of the keys that an earlier item had, only what
+    // json() shows is kept.
     void add(InfoList list);
 
     // Coders of one flat key. An absent key reads as the empty text.
-    const std::string& value(const std::string& key) const;
-    json11::Json null_or_value(const std::string& key) const;    // empty: null
-    json11::Json boolean(const std::string& key) const;          // true exactly for "1"
-    json11::Json null_or_boolean(const std::string& key) const;  // empty: null
-    json11::Json number(const std::string& key, double fallback = 0) const;
-    json11::Json null_or_number(const std::string& key) const;  // empty: null, not a number: 0
-    json11::Json integer(const std::string& key, int fallback = 0) const;
-    json11::Json null_or_integer(const std::string& key) const;  // empty: null, not an integer: 0
-    json11::Json::array path(const std::string& key) const;      // the parts between "/"
+    const std::string& value(std::string_view key) const;
+    json11::Json null_or_value(std::string_view key) const;    // empty: null
+    json11::Json boolean(std::string_view key) const;          // true exactly for "1"
+    json11::Json null_or_boolean(std::string_view key) const;  // empty: null
+    json11::Json number(std::string_view key, double fallback = 0) const;
+    json11::Json null_or_number(std::string_view key) const;  // empty: null, not a number: 0
+    json11::Json integer(std::string_view key, int fallback = 0) const;
+    json11::Json::array path(std::string_view key) const;  // the parts between "/"
 
     // The entry itself; throws the C string "Key not found".
-    const JsonEmitterItem& get(const std::string& key) const;
+    const JsonEmitterItem& get(std::string_view key) const;
 
     // Coders of a composite text.
     static std::pair<std::string, std::string> timed_value(std::string text);  // empty: std::out_of_range
@@ -65,10 +66,10 @@ public:
     static int read_integer(const std::string& text, int fallback = 0);
     static std::optional<int> parse_integer(const std::string& text);  // nothing where that falls back
 
-    // The members of fields that both directions code alike. `key_prefix` goes in front of each flat key.
-    json11::Json::object fields(std::span<const Field> fields, const std::string& key_prefix = "") const;
+    // The document's members by the rows of its table.
+    Document members(const Table& table) const;
 
-    // All flat entries as strings. Here the last of several entries of one key counts.
+    // All flat entries as strings. Here the last item's entry counts.
     json11::Json json() const;
     std::string dump() const { return json().dump(); }
 
@@ -80,9 +81,14 @@ public:
     static json11::Json getValue(const std::string& key, const infolist_item& item);
 
 private:
-    const JsonEmitterItem* find(const std::string& key) const;
-    json11::Json field(const Field& field, const std::string& flat_key) const;
+    class Tree;
+    struct Entries;
 
-    std::vector<JsonEmitterItem> m_items;
-    std::size_t m_sorted = 0;  // how many entries at the front stand in the order of their keys
+    const JsonEmitterItem* find(std::string_view key) const;
+    static json11::Json::object object(const Table& table, const Entries& entries);
+    static void write(const Table& table, const Entries& entries, Tree& tree);
+    static void write_group(const Table& table, std::size_t group, const Entries& entries, Tree& tree);
+
+    std::vector<JsonEmitterItem> m_items;        // in the order of their keys, each of them once
+    std::map<std::string, std::string> m_later;  // the last values of keys that later items had again
 };

@@ -1,11 +1,8 @@
 #include "schema/schema_params.hpp"
 
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
-#include <limits>
 
-#include "schema/composite_text.hpp"
+#include "schema/json_text.hpp"
 
 using json11::Json;
 
@@ -17,14 +14,19 @@ const Json& child(const Json& json, const std::string& component)
     return json.is_array() ? json[static_cast<std::size_t>(std::stoi(component))] : json[component];
 }
 
-int cut_to_integer(double number)
-{
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(
-        std::clamp(number, static_cast<double>(Limits::min()), static_cast<double>(Limits::max())));
-}
-
 }  // namespace
+
+const Json* member_of(const Json* json, std::string_view component)
+{
+    if (!json || json->is_null())
+        return nullptr;
+    const std::string name(component);
+    if (!json->is_object())
+        return &child(*json, name);
+    const auto& members = json->object_items();
+    const auto member = members.find(name);
+    return member == members.end() ? nullptr : &member->second;
+}
 
 bool has_key(const Json& json, const JsonPath& path)
 {
@@ -58,15 +60,6 @@ Json reduce(const Json& json, const JsonPath& path, bool debug)
     if (debug)
         std::printf("%s\n", at->dump().c_str());
     return *at;
-}
-
-std::string number_text(double number)
-{
-    std::string text = std::to_string(number);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (!text.empty() && text.back() == '.')
-        text.pop_back();
-    return text;
 }
 
 Params& Params::push(std::string component)
@@ -120,54 +113,29 @@ Params& Params::or_null(std::string text)
     return *this;
 }
 
-std::string Params::default_or(const char* fallback) const
-{
-    return m_default_text.empty() ? fallback : m_default_text;
-}
-
 std::string Params::stringValue() const
 {
-    const Json value = reduce(document, path);
-    if (value.is_null())
-        return m_default_text;
-    return value.is_string() ? value.string_value() : value.dump();
+    return string_text(reduce(document, path), m_default_text);
 }
 
 std::string Params::booleanValue() const
 {
-    const Json value = reduce(document, path);
-    if (value.is_null())
-        return default_or("0");
-    return value.bool_value() ? "1" : "0";
+    return boolean_text(reduce(document, path), m_default_text);
 }
 
 std::string Params::integerValue() const
 {
-    const Json value = reduce(document, path);
-    if (value.is_null())
-        return default_or("0");
-    if (value.is_string())
-        return value.string_value();
-    return value.is_number() ? std::to_string(cut_to_integer(value.number_value())) : "0";
+    return integer_text(reduce(document, path), m_default_text);
 }
 
 std::string Params::numberValue() const
 {
-    const Json value = reduce(document, path);
-    if (value.is_null())
-        return default_or("0");
-    if (value.is_string())
-        return value.string_value();
-    return value.is_number() ? number_text(value.number_value()) : "0";
+    return number_text(reduce(document, path), m_default_text);
 }
 
 std::string Params::arrayValue(const std::string& separator) const
 {
-    const Json value = reduce(document, path);
-    std::vector<std::string> parts;
-    for (const Json& member : value.array_items())
-        parts.push_back(member.string_value());
-    return join(parts, separator);
+    return array_text(reduce(document, path), separator);
 }
 
 std::string Params::declaredValue() const

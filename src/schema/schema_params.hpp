@@ -7,11 +7,15 @@
 
 #include <json11.hpp>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 // Names of members, and decimal numbers for places in an array, from the top of the document down.
 using JsonPath = std::vector<std::string>;
+
+// One step of the walks below: what stands there, or nullptr where a longer path would not exist.
+const json11::Json* member_of(const json11::Json* json, std::string_view component);
 
 // Whether the document holds the path. A member that holds null exists; so does any name one level below
 // a scalar, and any place in an array, also behind its end. An empty path does not. Both walks let the
@@ -21,9 +25,6 @@ bool has_key(const json11::Json& json, const JsonPath& path);
 // What stands at the path, null if nothing does. An empty path throws the C string "No key assigned".
 // `debug` prints the walk on standard output.
 json11::Json reduce(const json11::Json& json, const JsonPath& path, bool debug = false);
-
-// A number as settings files hold it: up to six decimals, without trailing zeros.
-std::string number_text(double number);
 
 class Params {
 public:
@@ -41,8 +42,7 @@ public:
     Params& number(std::string json_key, std::string default_text = "");
     Params& array(std::string json_key);
     Params& constant(std::string json_key, std::string text);
-    Params& or_null(std::string text = "");             // a null writes this text and no default
-    Params& description(const char*) { return *this; }  // for the reader of the schema, kept nowhere
+    Params& or_null(std::string text = "");  // a null writes this text and no default
 
     bool hasKey() const { return has_key(document, path); }
     bool isNull() const { return reduce(document, path).is_null(); }
@@ -71,7 +71,6 @@ private:
     enum class Type { NONE, CONST, STRING, BOOLEAN, NUMBER, INTEGER, ARRAY };
 
     Params& declare(Type type, std::string json_key, std::string default_text);
-    std::string default_or(const char* fallback) const;
 
     Type m_type = Type::NONE;
     bool m_nullable = false;

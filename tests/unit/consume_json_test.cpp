@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+#include "schema/json_text.hpp"
+#include "schema/word_pairs.hpp"
 #include "unit/schema_testing.hpp"
 
 using json11::Json;

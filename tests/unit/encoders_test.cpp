@@ -79,7 +79,7 @@ TEST(ShoutCast, EveryKeyGoesBothWays)
     for (const std::string base : {"0", "1", "2"})
         encoders = encoders + rows(AUDIO, "text", {"enc", base}, "enc" + base + ", ");
     // The names of the codecs' own members are read with one underscore.
-    for (Row& row : encoders)
+    for (KeyRow& row : encoders)
         if (const std::size_t at = row.path.back().find("__"); at != std::string::npos)
             row.read_path.back().erase(at, 1);
     const Rows keys = rows(SHOUTCAST_TOP) + encoders + rows(SHOUTCAST_TOP_BEHIND_ENCODERS);
@@ -111,7 +111,7 @@ TEST(InternetMpeg, EveryFlatKeyReachesItsMemberAndComesBackInOrder)
     EXPECT_EQ(emitted("internet_mpeg", {}), unset("internet_mpeg", keys));
     Pairs settings;
     Json document;
-    for (const Row& row : keys) {
+    for (const KeyRow& row : keys) {
         settings.emplace_back(row.key, " value of " + row.key);
         document = with(document, row.path, settings.back().second);
     }
@@ -126,7 +126,7 @@ TEST(InternetMpeg, EveryMemberIsAText)
     for (const auto& [value, text] : cases) {
         Pairs expected;
         Json document;
-        for (const Row& row : mpeg_rows()) {
+        for (const KeyRow& row : mpeg_rows()) {
             document = with(document, row.path, value);
             expected.emplace_back(row.key, text ? text : row.of_null);
         }
@@ -137,7 +137,7 @@ TEST(InternetMpeg, EveryMemberIsAText)
 Pairs nulls(const char* list, const char* prefix)
 {
     Pairs pairs;
-    for (const Row& row : rows(list, "text"))
+    for (const KeyRow& row : rows(list, "text"))
         pairs.emplace_back(prefix + row.key, row.of_null);
     return pairs;
 }

@@ -29,7 +29,7 @@ inline Pairs consumed(const std::string& driver, const std::string& document)
     return consumer->items();
 }
 
-struct Row {
+struct KeyRow {
     std::string key;
     std::string written;  // the kinds of WRITTEN and READ
     std::string read;
@@ -39,7 +39,7 @@ struct Row {
     json11::Json sample;  // of a member whose null writes nothing: the value that writes of_null instead
 };
 
-using Rows = std::vector<Row>;
+using Rows = std::vector<KeyRow>;
 
 // The rows of a list such as "item; drm master:switch=0@kms.master.enable; catch up speed:number?/number":
 // each is a flat key, its kind or kinds, what its null writes, the place of its member below `path` and a
@@ -127,7 +127,7 @@ inline const std::map<std::string, Conversions> READ = {
     {"path", {{R"(["", "mnt", 1])", "/mnt/"}, {R"("x")", ""}}},
 };
 
-inline Conversions written_conversions(const std::string& driver, const Row& row)
+inline Conversions written_conversions(const std::string& driver, const KeyRow& row)
 {
     if (row.written == "driver")
         return {{"", '"' + driver + '"'}, {"another", '"' + driver + '"'}};
@@ -136,7 +136,7 @@ inline Conversions written_conversions(const std::string& driver, const Row& row
     return WRITTEN.at(row.written);
 }
 
-inline Conversions read_conversions(const std::string& driver, const Row& row)
+inline Conversions read_conversions(const std::string& driver, const KeyRow& row)
 {
     if (row.read == "driver")
         return {{R"("x11")", driver}, {"5", driver}, {R"("")", driver}};
@@ -152,7 +152,7 @@ inline Conversions read_conversions(const std::string& driver, const Row& row)
 inline json11::Json unset(const std::string& driver, const Rows& rows)
 {
     json11::Json document = json11::Json::object{};
-    for (const Row& row : rows)
+    for (const KeyRow& row : rows)
         document = with(document, row.path, parsed(written_conversions(driver, row).front().second));
     return document;
 }
@@ -160,7 +160,7 @@ inline json11::Json unset(const std::string& driver, const Rows& rows)
 inline void expect_written(const std::string& driver, const Rows& rows, const json11::Json& empty)
 {
     EXPECT_EQ(emitted(driver, {}), empty) << driver;
-    for (const Row& row : rows) {
+    for (const KeyRow& row : rows) {
         if (row.written == "none")
             continue;
         for (const auto& [text, json] : written_conversions(driver, row))
@@ -175,7 +175,7 @@ inline void expect_read(
     const std::function<void(Pairs&)>& forget = [](Pairs&) {})
 {
     Pairs all_pairs;
-    for (const Row& row : rows) {
+    for (const KeyRow& row : rows) {
         for (const auto& [json, text] : read_conversions(driver, row)) {
             const std::string document = with({}, row.read_path, parsed(json)).dump();
             Pairs pairs = consumed(driver, document);

@@ -1,8 +1,8 @@
 #include "schema/consume/consume_blackmagic_videohub.hpp"
 
-#include "schema/fields/network_router_fields.hpp"
+#include "schema/fields/network_router.hpp"
 
 void ConsumeBlackmagicVideohub::createItems()
 {
-    create_items(BLACKMAGIC_VIDEOHUB_FIELDS, top());
+    create_items(PACKED<fields::BLACKMAGIC_VIDEOHUB>);
 }

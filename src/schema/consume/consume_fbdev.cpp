@@ -1,8 +1,8 @@
 #include "schema/consume/consume_fbdev.hpp"
 
-#include "schema/fields/fbdev_fields.hpp"
+#include "schema/fields/fbdev.hpp"
 
 void ConsumeFbdev::createItems()
 {
-    create_items(FBDEV_FIELDS, top());
+    create_items(PACKED<fields::FBDEV>);
 }

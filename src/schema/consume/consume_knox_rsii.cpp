@@ -1,8 +1,8 @@
 #include "schema/consume/consume_knox_rsii.hpp"
 
-#include "schema/fields/serial_router_fields.hpp"
+#include "schema/fields/serial_router.hpp"
 
 void ConsumeKnoxRsii::createItems()
 {
-    create_items(KNOX_RSII_FIELDS, top());
+    create_items(PACKED<fields::KNOX_RSII>);
 }

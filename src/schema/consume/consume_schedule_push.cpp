@@ -1,8 +1,8 @@
 #include "schema/consume/consume_schedule_push.hpp"
 
-#include "schema/fields/schedule_push_fields.hpp"
+#include "schema/fields/schedule_push.hpp"
 
 void ConsumeSchedulePush::createItems()
 {
-    create_items(SCHEDULE_PUSH_FIELDS, top());
+    create_items(PACKED<fields::SCHEDULE_PUSH>);
 }

@@ -1,8 +1,8 @@
 #include "schema/consume/consume_video_passthru.hpp"
 
-#include "schema/fields/video_passthru_fields.hpp"
+#include "schema/fields/video_passthru.hpp"
 
 void ConsumeVideoPassthru::createItems()
 {
-    create_items(VIDEO_PASSTHRU_FIELDS, top());
+    create_items(PACKED<fields::VIDEO_PASSTHRU>);
 }

@@ -1,8 +1,8 @@
 #include "schema/emit/emit_blackmagic_videohub.hpp"
 
-#include "schema/fields/network_router_fields.hpp"
+#include "schema/fields/network_router.hpp"
 
 Document EmitBlackmagicVideohub::emitJson() const
 {
-    return fields(BLACKMAGIC_VIDEOHUB_FIELDS);
+    return members(PACKED<fields::BLACKMAGIC_VIDEOHUB>);
 }

@@ -6,9 +6,4 @@
 class EmitDrmkms : public EmitJson {
 public:
     Document emitJson() const override;
-
-private:
-    std::pair<std::string, json11::Json> kms() const;
-    std::pair<std::string, json11::Json> kms_connector() const;
-    json11::Json kms_connector_card_select() const;
 };

@@ -1,8 +1,8 @@
 #include "schema/emit/emit_fbdev.hpp"
 
-#include "schema/fields/fbdev_fields.hpp"
+#include "schema/fields/fbdev.hpp"
 
 Document EmitFbdev::emitJson() const
 {
-    return fields(FBDEV_FIELDS);
+    return members(PACKED<fields::FBDEV>);
 }

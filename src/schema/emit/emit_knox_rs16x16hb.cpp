@@ -1,8 +1,8 @@
 #include "schema/emit/emit_knox_rs16x16hb.hpp"
 
-#include "schema/fields/serial_router_fields.hpp"
+#include "schema/fields/serial_router.hpp"
 
 Document EmitKnoxRs16x16hb::emitJson() const
 {
-    return fields(KNOX_RS16X16HB_FIELDS);
+    return members(PACKED<fields::KNOX_RS16X16HB>);
 }

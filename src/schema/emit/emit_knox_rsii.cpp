@@ -1,8 +1,8 @@
 #include "schema/emit/emit_knox_rsii.hpp"
 
-#include "schema/fields/serial_router_fields.hpp"
+#include "schema/fields/serial_router.hpp"
 
 Document EmitKnoxRsii::emitJson() const
 {
-    return fields(KNOX_RSII_FIELDS);
+    return members(PACKED<fields::KNOX_RSII>);
 }

@@ -1,8 +1,8 @@
 #include "schema/emit/emit_schedule_push.hpp"
 
-#include "schema/fields/schedule_push_fields.hpp"
+#include "schema/fields/schedule_push.hpp"
 
 Document EmitSchedulePush::emitJson() const
 {
-    return fields(SCHEDULE_PUSH_FIELDS);
+    return members(PACKED<fields::SCHEDULE_PUSH>);
 }

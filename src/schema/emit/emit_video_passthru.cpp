@@ -1,8 +1,8 @@
 #include "schema/emit/emit_video_passthru.hpp"
 
-#include "schema/fields/video_passthru_fields.hpp"
+#include "schema/fields/video_passthru.hpp"
 
 Document EmitVideoPassthru::emitJson() const
 {
-    return fields(VIDEO_PASSTHRU_FIELDS);
+    return members(PACKED<fields::VIDEO_PASSTHRU>);
 }

@@ -6,7 +6,4 @@
 class EmitX11 : public EmitJson {
 public:
     Document emitJson() const override;
-
-private:
-    std::pair<std::string, json11::Json> x11() const;
 };

@@ -1,0 +1,37 @@
+// How a flat text and a member of a document are each other, by name. The three faces of each stand in
+// codings.hpp: text to JSON, JSON to text, and which JSON it is.
+#pragma once
+
+#include <cstdint>
+
+enum class Coding : std::uint8_t {
+    TEXT,               // a string
+    NULLABLE_TEXT,      // a string, null for the empty text and for the null text
+    DASHED_TEXT,        // a string, in which "if no audio" gets hyphens on its way out
+    BOOLEAN,            // true exactly for "1"
+    NULLABLE_BOOLEAN,   // the same, null for the empty text
+    INTEGER,            // 0 for a text that is none
+    NULLABLE_INTEGER,   // the same, null for the empty text
+    COUNT,              // an integer from 1 up, null for every other text
+    NUMBER,             // 0 for a text that is none
+    NULLABLE_NUMBER,    // the same, null for the empty text
+    OPTIONAL_NUMBER,    // the same, no member for the empty text
+    LIMIT,              // null for the empty text, but a null keeps what is stored
+    CONSTANT,           // the null text, whatever is stored or given
+    NULLABLE_CONSTANT,  // the same, but a null empties the key
+    PATH,               // an array of the parts between "/"
+    ABSOLUTE_PATH,      // the same without the part in front of the first "/"; null for the empty text
+    DEVICE,             // an index, or else a name
+    TIMED_VALUE,        // count and units, such as "90s"; {} for the empty text
+    WHOLE_TIMED_VALUE,  // the same, read only where both stand
+    RATIO,              // width and height, such as "16:9"; {} for the empty text; read only where both stand
+    FRAME_RATE,         // numerator, denominator and kind, such as "25:1p"; null for the empty text
+    SIZE,               // width and height, such as "50 33.5"
+    POSITION,           // x and y, such as "10 -20"
+    ALIGNMENT,          // vertical and horizontal, such as "top left"; read wherever its object stands
+    MAP_MODE,           // "linear", or "decibelm" and an intensity
+    METER,              // an array of levels, such as "-18.5, -inf"
+    LAYER,              // which region is in front: its kind, and a part or an index for some kinds
+    SWITCH,             // "0", "-1" and else: off, on, forced. Whether it is on; read where FORCE stands too
+    FORCE,              // whether it is forced; SWITCH beside it reads both
+};

@@ -1,0 +1,478 @@
+// The three faces of every coding, one coding a struct:
+//
+//     written(text, null_text)   the flat text as JSON, with std::nullopt where the object lacks the member
+//     read(json, null_text)      the JSON as flat text, with std::nullopt where nothing is written
+//     JSON                       which JSON it is, as a JSON Schema
+//
+// A face that a program does not use is not part of it.
+#pragma once
+
+#include <boost/algorithm/string/predicate.hpp>
+#include <boost/algorithm/string/trim.hpp>
+#include <optional>
+
+#include "schema/coding.hpp"
+#include "schema/composite_text.hpp"
+#include "schema/consume_json.hpp"
+#include "schema/emit_json.hpp"
+#include "schema/json_text.hpp"
+#include "schema/word_pairs.hpp"
+
+namespace codings {
+
+using json11::Json;
+using MaybeText = std::optional<std::string>;
+
+// Where a member stands: the object that should hold it, and the member. nullptr for what is not there.
+struct Place {
+    const Json* object;
+    const Json* member;
+};
+
+// A part of a composite: null where it is missing, as where it is null.
+inline const Json& part(const Json& json, const char* name)
+{
+    static const Json NONE;
+    const Json* const member = member_of(&json, name);
+    return member ? *member : NONE;
+}
+
+inline bool has_parts(const Json& json, const char* first, const char* second)
+{
+    return member_of(&json, first) && member_of(&json, second);
+}
+
+struct Text {
+    static Json written(const std::string& text, std::string_view) { return text; }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return string_text(json, null_text);
+    }
+    static constexpr char JSON[] = R"({"type": ["string", "null"]})";
+};
+
+struct NullableText {
+    static Json written(const std::string& text, std::string_view null_text)
+    {
+        return text.empty() || text == null_text ? Json() : Json(text);
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return string_text(json, null_text);
+    }
+    static constexpr const char* JSON = Text::JSON;
+};
+
+struct DashedText : Text {
+    static Json written(const std::string& text, std::string_view)
+    {
+        return text == "if no audio" ? "if-no-audio" : text;
+    }
+};
+
+struct Boolean {
+    static Json written(const std::string& text, std::string_view) { return text == "1"; }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return boolean_text(json, null_text);
+    }
+    static constexpr char JSON[] = R"({"type": ["boolean", "null"]})";
+};
+
+struct Integer {
+    static Json written(const std::string& text, std::string_view) { return EmitJson::read_integer(text); }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return integer_text(json, null_text);
+    }
+    static constexpr char JSON[] = R"({"type": ["integer", "null"]})";
+};
+
+struct Number {
+    static Json written(const std::string& text, std::string_view) { return EmitJson::read_number(text); }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return number_text(json, null_text);
+    }
+    static constexpr char JSON[] = R"({"type": ["number", "null"]})";
+};
+
+// Null for the empty text; and a null writes the null text, also where that is empty.
+template <typename Of> struct Nullable : Of {
+    static Json written(const std::string& text, std::string_view null_text)
+    {
+        return text.empty() ? Json() : Of::written(text, null_text);
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return json.is_null() ? std::string(null_text) : Of::read(json, null_text);
+    }
+};
+
+// What is counted starts at 1; "-1" and 0 stand for none.
+struct Count : Nullable<Integer> {
+    static Json written(const std::string& text, std::string_view)
+    {
+        const int count = EmitJson::read_integer(text);
+        return count < 1 ? Json() : Json(count);
+    }
+};
+
+struct OptionalNumber : Number {
+    static std::optional<Json> written(const std::string& text, std::string_view null_text)
+    {
+        return text.empty() ? std::nullopt : std::optional(Number::written(text, null_text));
+    }
+};
+
+struct Limit : Nullable<Number> {
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return json.is_null() ? MaybeText() : Number::read(json, null_text);
+    }
+};
+
+struct Constant {
+    static Json written(const std::string&, std::string_view constant) { return std::string(constant); }
+    static MaybeText read(const Json&, std::string_view constant) { return std::string(constant); }
+    static constexpr const char* JSON = Text::JSON;
+};
+
+struct NullableConstant : Constant {
+    static MaybeText read(const Json& json, std::string_view constant)
+    {
+        return std::string(json.is_null() ? "" : constant);
+    }
+};
+
+struct Path {
+    static Json written(const std::string& text, std::string_view) { return split(text, "/"); }
+    static MaybeText read(const Json& json, std::string_view) { return array_text(json, "/"); }
+    static constexpr char JSON[] = R"({"type": ["array", "null"], "items": {"type": "string"}})";
+};
+
+// A relative path loses its first name, and no parts at all are the root directory.
+struct AbsolutePath : Path {
+    static Json written(const std::string& text, std::string_view)
+    {
+        if (text.empty())
+            return nullptr;
+        std::vector<std::string> parts = split(text, "/");
+        parts.erase(parts.begin());
+        return parts;
+    }
+    static MaybeText read(const Json& json, std::string_view) { return "/" + array_text(json, "/"); }
+};
+
+struct Device : Text {
+    static Json written(const std::string& text, std::string_view)
+    {
+        const std::optional<int> index = EmitJson::parse_integer(text);
+        return index ? Json(*index) : Json(text);
+    }
+    static constexpr char JSON[] = R"({"type": ["string", "integer", "null"]})";
+};
+
+struct TimedValue {
+    static Json written(const std::string& text, std::string_view)
+    {
+        if (text.empty())
+            return Json::object{};
+        const auto [count, unit] = EmitJson::timed_value(text);
+        return Json::object{
+            {"count", EmitJson::read_number(count)},
+            {"units", reverse_map_string(unit, {{"seconds", "s"}, {"frames", "f"}})},
+        };
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        const auto [count, unit] = EmitJson::timed_value(std::string(null_text));
+        return JsonConsumer::timed_value(string_text(part(json, "count"), count),
+            map_string(string_text(part(json, "units"), unit), {{"seconds", "s"}, {"frames", "f"}}));
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "count": {"type": ["number", "null"]},
+            "units": {"type": ["string", "null"], "examples": ["seconds", "frames"]}}})";
+};
+
+// So that the {} of a value that is not set leaves the flat key alone.
+struct WholeTimedValue : TimedValue {
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        return has_parts(json, "count", "units") ? TimedValue::read(json, null_text) : MaybeText();
+    }
+};
+
+// The {} of a ratio that is not set leaves the flat key alone too.
+struct Ratio {
+    static Json written(const std::string& text, std::string_view)
+    {
+        if (text.empty())
+            return Json::object{};
+        const auto [width, height] = EmitJson::ratio_value(text);
+        return Json::object{
+            {"width", EmitJson::read_integer(width)}, {"height", EmitJson::read_integer(height)}};
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        if (!has_parts(json, "width", "height"))
+            return std::nullopt;
+        const auto [width, height] = EmitJson::ratio_value(std::string(null_text));
+        return JsonConsumer::ratio_value(
+            integer_text(part(json, "width"), width), integer_text(part(json, "height"), height));
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "width": {"type": ["integer", "null"]}, "height": {"type": ["integer", "null"]}}})";
+};
+
+// The suffix follows without a blank, and the letter in front of "i bff" and "i tff" is an l.
+struct FrameRate {
+    static Json written(const std::string& text, std::string_view)
+    {
+        if (text.empty())
+            return nullptr;
+        const auto [numerator, denominator, kind] = EmitJson::frame_value(text);
+        return Json::object{
+            {"numerator", EmitJson::read_integer(numerator)},
+            {"denominator", EmitJson::read_integer(denominator)},
+            {"kind", kind},
+        };
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        const auto [numerator, denominator, kind] = EmitJson::frame_value(std::string(null_text));
+        const std::string suffix = map_string(string_text(part(json, "kind"), kind),
+            {{"progressive", "p"}, {"interlaced bottom-field-first", "li bff"},
+                {"interlaced top-field-first", "li tff"}});
+        return integer_text(part(json, "numerator"), numerator) + ":" +
+               integer_text(part(json, "denominator"), denominator) + suffix;
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "numerator": {"type": ["integer", "null"]}, "denominator": {"type": ["integer", "null"]},
+            "kind": {"type": ["string", "null"], "examples": ["progressive", "interlaced bottom-field-first",
+                "interlaced top-field-first"]}}})";
+};
+
+// The two words of a pair. A word that the text lacks is empty.
+inline std::vector<std::string> two_words(const std::string& text)
+{
+    std::vector<std::string> words = split(text, " ");
+    words.resize(2);
+    return words;
+}
+
+inline Json written_pair(const std::string& text, const char* first, const char* second)
+{
+    const std::vector<std::string> words = two_words(text);
+    return Json::object{{first, EmitJson::read_number(words[0])}, {second, EmitJson::read_number(words[1])}};
+}
+
+inline std::string read_pair(const Json& json, const char* first, const char* second)
+{
+    return JsonConsumer::position_value(
+        JsonConsumer::number(json[first]), JsonConsumer::number(json[second]));
+}
+
+struct Size {
+    static Json written(const std::string& text, std::string_view)
+    {
+        return written_pair(text, "width", "height");
+    }
+    static MaybeText read(const Json& json, std::string_view) { return read_pair(json, "width", "height"); }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "width": {"type": ["number", "null"]}, "height": {"type": ["number", "null"]}}})";
+};
+
+struct Position {
+    static Json written(const std::string& text, std::string_view) { return written_pair(text, "x", "y"); }
+    static MaybeText read(const Json& json, std::string_view) { return read_pair(json, "x", "y"); }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "x": {"type": ["number", "null"]}, "y": {"type": ["number", "null"]}}})";
+};
+
+struct Alignment {
+    static Json written(const std::string& text, std::string_view null_text)
+    {
+        std::vector<std::string> words = two_words(text);
+        const std::vector<std::string> usual = two_words(std::string(null_text));
+        for (std::size_t i = 0; i < 2; ++i)
+            if (words[i].empty())
+                words[i] = usual[i];
+        return Json::object{{"vertical", words[0]}, {"horizontal", words[1]}};
+    }
+    static MaybeText read(const Place& at, std::string_view null_text)
+    {
+        if (!at.object)
+            return std::nullopt;
+        const Json align = at.member ? *at.member : Json();
+        const std::vector<std::string> usual = two_words(std::string(null_text));
+        return string_text(part(align, "vertical"), usual[0]) + " " +
+               string_text(part(align, "horizontal"), usual[1]);
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "vertical": {"type": ["string", "null"], "examples": ["top", "center", "bottom"]},
+            "horizontal": {"type": ["string", "null"], "examples": ["left", "center", "right"]}}})";
+};
+
+// Every mode but the linear one is read as the decibel mode.
+struct MapMode {
+    static Json written(const std::string& text, std::string_view)
+    {
+        const std::string decibel = "decibelm";
+        if (!boost::algorithm::starts_with(text, decibel))
+            return Json::object{{"mode", "linear"}};
+        return Json::object{
+            {"mode", "decibel"}, {"intensity", EmitJson::read_integer(text.substr(decibel.size()))}};
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        const Json* const mode = member_of(&json, "mode");
+        if (!mode)
+            return std::nullopt;
+        if (string_text(*mode, null_text) == "linear")
+            return "linear";
+        return "decibelm" + integer_text(part(json, "intensity"));
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "mode": {"type": ["string", "null"], "examples": ["linear", "decibel"]},
+            "intensity": {"type": ["integer", "null"]}}})";
+};
+
+// A single level, without a comma, is no meter. A level that is no number is the one bad number of all
+// documents that ends the run.
+struct Meter {
+    static Json written(const std::string& text, std::string_view)
+    {
+        const std::vector<std::string> pieces = split(text, ",");
+        Json::array levels;
+        if (pieces.size() <= 1)
+            return levels;
+        for (const std::string& piece : pieces) {
+            const std::string level = boost::algorithm::trim_copy(piece);
+            levels.push_back(level == "-inf" ? Json("Number.NEGATIVE_INFINITY") : Json(std::stod(level)));
+        }
+        return levels;
+    }
+    static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
+    static constexpr char JSON[] =
+        R"({"type": "array", "items": {
+            "anyOf": [{"type": ["number", "null"]}, {"const": "Number.NEGATIVE_INFINITY"}]}})";
+};
+
+struct Layer {
+    static Json written(const std::string& text, std::string_view)
+    {
+        if (text == "item" || text == "urgent" || text == "music")
+            return Json::object{{"kind", text}};
+        if (text == "text" || text == "media")
+            return Json::object{{"kind", "alerts"}, {"part", text}};
+        return Json::object{{"kind", "global"}, {"index", text}};
+    }
+    static MaybeText read(const Json& json, std::string_view null_text)
+    {
+        const Json* const member = member_of(&json, "kind");
+        if (!member)
+            return std::nullopt;
+        const std::string kind = string_text(*member, null_text);
+        if (kind == "item" || kind == "urgent" || kind == "music")
+            return kind;
+        if (kind == "alerts")
+            return string_text(part(json, "part"));
+        return kind == "global" ? integer_text(part(json, "index")) : MaybeText();
+    }
+    static constexpr char JSON[] =
+        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
+            "kind": {"enum": ["item", "urgent", "music", "alerts", "global", null]},
+            "part": {"type": ["string", "null"], "examples": ["text", "media"]},
+            "index": {"type": ["string", "integer", "null"]}}})";
+};
+
+// The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also
+// nothing, converts even what has captions of its own. Forced but not on is off.
+struct Switch {
+    static Json written(const std::string& text, std::string_view) { return text != "0"; }
+    static MaybeText read(const Place& at, std::string_view null_text)
+    {
+        const Json* const force = member_of(at.object, "force");
+        if (!at.member || !force)
+            return std::nullopt;
+        if (boolean_text(*at.member, null_text) == "0")
+            return "0";
+        return boolean_text(*force) == "1" ? "1" : "-1";
+    }
+    static constexpr const char* JSON = Boolean::JSON;
+};
+
+struct Force {
+    static Json written(const std::string& text, std::string_view) { return text != "0" && text != "-1"; }
+    static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
+    static constexpr const char* JSON = Boolean::JSON;
+};
+
+// Calls the function with the struct of the coding.
+template <typename Function> auto with(Coding coding, Function function)
+{
+    switch (coding) {
+    case Coding::TEXT: break;
+    case Coding::NULLABLE_TEXT: return function(NullableText());
+    case Coding::DASHED_TEXT: return function(DashedText());
+    case Coding::BOOLEAN: return function(Boolean());
+    case Coding::NULLABLE_BOOLEAN: return function(Nullable<Boolean>());
+    case Coding::INTEGER: return function(Integer());
+    case Coding::NULLABLE_INTEGER: return function(Nullable<Integer>());
+    case Coding::COUNT: return function(Count());
+    case Coding::NUMBER: return function(Number());
+    case Coding::NULLABLE_NUMBER: return function(Nullable<Number>());
+    case Coding::OPTIONAL_NUMBER: return function(OptionalNumber());
+    case Coding::LIMIT: return function(Limit());
+    case Coding::CONSTANT: return function(Constant());
+    case Coding::NULLABLE_CONSTANT: return function(NullableConstant());
+    case Coding::PATH: return function(Path());
+    case Coding::ABSOLUTE_PATH: return function(AbsolutePath());
+    case Coding::DEVICE: return function(Device());
+    case Coding::TIMED_VALUE: return function(TimedValue());
+    case Coding::WHOLE_TIMED_VALUE: return function(WholeTimedValue());
+    case Coding::RATIO: return function(Ratio());
+    case Coding::FRAME_RATE: return function(FrameRate());
+    case Coding::SIZE: return function(Size());
+    case Coding::POSITION: return function(Position());
+    case Coding::ALIGNMENT: return function(Alignment());
+    case Coding::MAP_MODE: return function(MapMode());
+    case Coding::METER: return function(Meter());
+    case Coding::LAYER: return function(Layer());
+    case Coding::SWITCH: return function(Switch());
+    case Coding::FORCE: return function(Force());
+    }
+    return function(Text());
+}
+
+inline std::optional<Json> written(Coding coding, const std::string& text, std::string_view null_text)
+{
+    return with(
+        coding, [&](auto face) { return std::optional<Json>(decltype(face)::written(text, null_text)); });
+}
+
+inline MaybeText read(Coding coding, const Place& at, std::string_view null_text)
+{
+    return with(coding, [&](auto face) -> MaybeText {
+        using Face = decltype(face);
+        if constexpr (requires { Face::read(at, null_text); })
+            return Face::read(at, null_text);
+        else
+            return at.member ? Face::read(*at.member, null_text) : std::nullopt;
+    });
+}
+
+inline const char* json_schema(Coding coding)
+{
+    return with(coding, [](auto face) -> const char* { return decltype(face)::JSON; });
+}
+
+}  // namespace codings

@@ -1,0 +1,48 @@
+// The flat audio normalizer keys, which the audio, Decklink and ShoutCast outputs have in common.
+#pragma once
+
+#include <array>
+
+#include "schema/row.hpp"
+
+namespace fields {
+
+using enum Coding;
+
+// `minimum_level` is the default of the minimum level, whose text is not the same for every driver.
+constexpr std::array<Row, 13> audio_normalizer(std::string_view minimum_level)
+{
+    return {{
+        {"audio_normalizer_attack", "audio normalizer attack", INTEGER, "1",
+            "Normalizer attack in ms (recommended: 1ms)"},
+        {"audio_normalizer_decay", "audio normalizer decay", INTEGER, "100",
+            "Normalizer decay in ms (recommended: 1000ms)"},
+        {"audio_normalizer_minimum_level", "audio normalizer minimum level", NUMBER, minimum_level,
+            "Minimum level in dBFS (0=full volume, -6=6dBFS below full). Audio below this level is not amplified."},
+        {"audio_normalizer_lower_level", "audio normalizer lower level", NUMBER, "-6",
+            "Lower level in dBFS. Audio at or above minimum level is amplified to this level."},
+        {"audio_normalizer_upper_level", "audio normalizer upper level", NUMBER, "-3",
+            "Upper level in dBFS. Audio above this level is attenuated down to this level."},
+        {"audio_normalizer_upper_level_2", "audio normalizer upper level 2", NULLABLE_NUMBER, "",
+            "Upper level in dBFS, second pass. Can be used to hard limit audio levels after the first normalization pass."},
+        {"audio_normalizer_hard_limit_level", "audio normalizer hard limit level", NULLABLE_NUMBER, "",
+            "Hard limit in dBFS. Audio will not exceed this level if normalization is enabled. Must be less than zero."},
+        {"audio_normalizer_hard_limit_level_2", "audio normalizer hard limit level 2", NULLABLE_NUMBER, "",
+            "Hard limit in dBFS. Audio will not exceed this level if normalization is enabled. Must be less than zero. Applied during the second pass."},
+        {"audio_normalizer_bass_filter", "audio normalizer bass filter", INTEGER, "0",
+            "Highpass filter to remove bass from audio normalizer stage, in Hz. 0 disables the filter."},
+        {"audio_normalizer_treble_filter", "audio normalizer treble filter", INTEGER, "0",
+            "Lowpass filter to remove treble from audio normalizer stage, in Hz. 0 disables the filter."},
+        {"audio_normalizer_sd_mode", "audio normalizer sd-mode", BOOLEAN, "0",
+            "Enable SD normalization mode"},
+        {"audio_normalizer_enable", "audio normalizer enable", BOOLEAN, "0", "Enable audio normalization"},
+        {"audio_normalizer_map_mode", "audio normalizer map mode", NULLABLE_TEXT, "",
+            "Set audio normalization mapping mode. Decibel (log) mode can provide higher quality at the cost of some additional CPU load.",
+            words(
+                "linear|decibel|decibelm2|decibelm3|decibelm4|decibelm5|decibelm6|decibelm7|decibelm8|decibelm9")},
+    }};
+}
+
+inline constexpr auto AUDIO_NORMALIZER = audio_normalizer("-24");
+
+}  // namespace fields

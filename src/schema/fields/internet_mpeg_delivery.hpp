@@ -1,0 +1,74 @@
+// The IPTV group and the ASI outputs of an internet_mpeg output's encoder, in their order. The flat keys
+// follow the encoder's prefix.
+#pragma once
+
+#include "schema/row.hpp"
+
+namespace fields {
+
+using enum Coding;
+
+inline constexpr Row ENC_IPTV[] = {
+    {"enable", "enable", TEXT, "0",
+        "Enable IPTV processing. This option and 'enable ip' (visible under Advanced mode) must be set for IP traffic to work."},
+    {"enable_ip", "enable ip", TEXT, "1", "Enable IPTV IP output"},
+    {"multicast_loopback", "multicast loopback", TEXT, "",
+        "Make multicast output listenable from local loopback"},
+    {"ip_protocol", "ip protocol", TEXT, "rtp", "IP protocol to use (choose from 'udp' 'rtp' or 'none')"},
+    {"ip_source", "ip source", TEXT, "", "IP address of ethernet interface to transmit from, if set."},
+    {"ip_target", "ip target", TEXT, "239.1.1.1",
+        "IP address to transmit to. Can be a unicast, broadcast, or multicast address."},
+    {"ip_target_port", "ip target port", TEXT, "1234", "IP port number to transmit to."},
+    {"ip_ttl", "ip ttl", TEXT, "1", "IP 'Time-to-live' value to apply to transmitted packets"},
+    {"ip_xmit_buffer", "ip xmit buffer", TEXT, "",
+        "IP transmission buffer. For IP output set to at least 8MB."},
+    {"mtu", "mtu", TEXT, "", "MTU block size to transmit with, if set."},
+    {"skip_null", "skip null", TEXT, "0",
+        "If set, skip transmitting NULL packets to reduce average bandwidth."},
+    {"2nd_thread_output", "2nd thread output", TEXT, "1",
+        "If set, use a separate thread to do IPTV output (to reduce PCR jitter)"},
+    {"dont_fragment", "dont fragment", TEXT, "1",
+        "If set, IP packets carry the Dont Fragment bit to help ensure that the IP traffic is not fragmented by your router"},
+    {"ip_priority", "ip priority", TEXT, "1",
+        "If set, IP packets are given a Type of Service field to indicate priority and preference for throughput, if supported by your network equipment"},
+    {"ip_dont_route", "ip dont route", TEXT, "0",
+        "If set, IP packets are sent with instructions not to route"},
+    {"active", "active", TEXT, "",
+        "Status display. Sent bytes indicate what has been sent to the network according to the operating system.",
+        STATUS},
+    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+};
+
+// The un-numbered ASI output, which has no group of its own.
+inline constexpr Row ENC_ASI[] = {
+    {"asi__enable", "asi, enable", TEXT, "0", "Enable ASI output"},
+    {"asi__use_hw_clock", "asi, use hw clock", TEXT, "1", "Use ASI hardware clock, if available"},
+    {"asi__bitrate", "asi, bitrate", TEXT, "",
+        "If set, configure ASI output at this specific bitrate, else use TS mux bitrate."},
+    {"asi__path", "asi, path", TEXT, "", "Specifies path for ASI driver, if needed"},
+    {"asi__index", "asi, index", TEXT, "-1", "Specifies ASI device index"},
+    {"asi__driver", "asi, driver", TEXT, "",
+        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
+    {"asi__active", "asi, active", TEXT, "", "Status display.", STATUS},
+    {"asi__last_error", "asi, last error", TEXT, "", "Last error initializing the encoder", STATUS},
+    {"asi__last_notes", "asi, last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+};
+
+// A numbered ASI output. The flat keys follow the output's prefix.
+inline constexpr Row NUMBERED_ASI[] = {
+    {"enable", "enable", TEXT, "0",
+        "Enable ASI output. Settings for this output will appear in Advanced mode."},
+    {"use_hw_clock", "use hw clock", TEXT, "1", "Use ASI hardware clock, if available"},
+    {"bitrate", "bitrate", TEXT, "",
+        "If set, configure ASI output at this specific bitrate, else use TS mux bitrate."},
+    {"path", "path", TEXT, "", "Specifies path for ASI driver, if needed"},
+    {"index", "index", TEXT, "-1", "Specifies ASI device index"},
+    {"driver", "driver", TEXT, "",
+        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
+    {"active", "active", TEXT, "", "Status display.", STATUS},
+    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+};
+
+}  // namespace fields

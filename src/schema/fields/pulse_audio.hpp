@@ -1,0 +1,33 @@
+// The members of a pulseaudio output's document in front of and behind the audio normalizer's, in their
+// order.
+#pragma once
+
+#include "schema/fields/audio_normalizer.hpp"
+
+namespace fields {
+
+using enum Coding;
+
+inline constexpr Row PULSE_AUDIO[] = {
+    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
+    {"autorestart", "autorestart", BOOLEAN, "0",
+        "If set, start the item through a management tool that auto-restarts the item on failure"},
+    {"driver", "driver", NULLABLE_CONSTANT, "pulseaudio", ""},
+    {"item", "item", NULLABLE_TEXT, "", "Channel path to feed from"},
+    {"audio_volume", "audio volume", TEXT, "100", "Audio volume percent (0..100)"},
+    {"audio_rate", "audio rate", NULLABLE_TEXT, "",
+        "Audio sample rate, in Hz, to render output at. Actual sample rate is constrained by sound card capabilities."},
+    {"audio_channels", "audio channels", NULLABLE_TEXT, "",
+        "Audio channel count to render output at. Typical: 1 (mono), 2 (stereo), 6 (5.1 surround). Actual channel count is constrained by sound card capabilities."},
+    {"", "", AUDIO_NORMALIZER},
+    {"active", "active", NULLABLE_TEXT, "", "Status display, whether or not the audio output is open",
+        STATUS},
+    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
+        "Last error encountered when trying to open the audio output", STATUS},
+    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
+        "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
+    {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "", "Notes about PulseAudio.", STATUS},
+    {"pulseaudio_sink", "pulseaudio sink", NULLABLE_TEXT, "", "PulseAudio sink device to send audio to"},
+};
+
+}  // namespace fields
