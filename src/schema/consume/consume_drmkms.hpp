@@ -3,9 +3,10 @@
 #pragma once
 
 #include "schema/consume_json.hpp"
+#include "schema/fields/drmkms.hpp"
 
 class ConsumeDrmkms : public JsonConsumer {
 public:
     using JsonConsumer::JsonConsumer;
-    void createItems() override;
+    void createItems() override { create_items(PACKED<fields::DRMKMS>); }
 };

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "schema/consume_json.hpp"
+#include "schema/fields/internet_mpeg.hpp"
 
 class ConsumeInternetMpeg : public JsonConsumer {
 public:
     using JsonConsumer::JsonConsumer;
-    void createItems() override;
+    void createItems() override { create_items(PACKED<fields::INTERNET_MPEG>); }
 };

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "schema/consume_json.hpp"
+#include "schema/fields/serial_router.hpp"
 
 class ConsumeKnoxRs8x8hb : public JsonConsumer {
 public:
     using JsonConsumer::JsonConsumer;
-    void createItems() override;
+    void createItems() override { create_items(PACKED<fields::KNOX_RS8X8HB>); }
 };

@@ -2,9 +2,10 @@
 #pragma once
 
 #include "schema/consume_json.hpp"
+#include "schema/fields/shout_cast.hpp"
 
 class ConsumeShoutCast : public JsonConsumer {
 public:
     using JsonConsumer::JsonConsumer;
-    void createItems() override;
+    void createItems() override { create_items(PACKED<fields::SHOUT_CAST>); }
 };

@@ -3,9 +3,10 @@
 #pragma once
 
 #include "schema/consume_json.hpp"
+#include "schema/fields/x11.hpp"
 
 class ConsumeX11 : public JsonConsumer {
 public:
     using JsonConsumer::JsonConsumer;
-    void createItems() override;
+    void createItems() override { create_items(PACKED<fields::X11>); }
 };

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/blackmagic_decklink_sdi.hpp"
 
 class EmitBlackmagicDecklinkSdi : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::BLACKMAGIC_DECKLINK_SDI>); }
 };

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/internet_mpeg.hpp"
 
 class EmitInternetMpeg : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::INTERNET_MPEG>); }
 };

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/serial_router.hpp"
 
 class EmitKnoxRs16x16hb : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::KNOX_RS16X16HB>); }
 };

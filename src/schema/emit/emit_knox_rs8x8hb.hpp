@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/serial_router.hpp"
 
 class EmitKnoxRs8x8hb : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::KNOX_RS8X8HB>); }
 };

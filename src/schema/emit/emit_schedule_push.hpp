@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/schedule_push.hpp"
 
 class EmitSchedulePush : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::SCHEDULE_PUSH>); }
 };

@@ -2,8 +2,9 @@
 #pragma once
 
 #include "schema/emit_json.hpp"
+#include "schema/fields/trigger_rs232.hpp"
 
 class EmitTriggerRs232 : public EmitJson {
 public:
-    Document emitJson() const override;
+    Document emitJson() const override { return members(PACKED<fields::TRIGGER_RS232>); }
 };

@@ -1,8 +1,0 @@
-#include "schema/emit/emit_channel.hpp"
-
-#include "schema/fields/channel.hpp"
-
-Document EmitChannel::emitJson() const
-{
-    return members(PACKED<fields::CHANNEL>);
-}
