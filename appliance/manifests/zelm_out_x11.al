@@ -1,4 +1,4 @@
-# What an x11 output takes. docs/manifests.md tells the format.
+# What an x11 output takes. zelm-manifest(5) tells the format.
 
 [item]
 description=Channel path to feed from

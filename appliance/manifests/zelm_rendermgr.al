@@ -1,5 +1,5 @@
 # What a channel takes, but for its regions, which are added when this is built.
-# docs/manifests.md tells the format.
+# zelm-manifest(5) tells the format.
 
 [channel name]
 description=if set, gives the channel a name instead of "channel X"

@@ -1,5 +1,5 @@
 // The settings file of an item, read into an info list and written back key by key, and the manifest of
-// its driver. docs/settings.md tells the format of the file.
+// its driver. zelm-settings(5) tells the format of the file.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// A driver's manifest: what settings it takes. docs/manifests.md tells the format of the file.
+// A driver's manifest: what settings it takes. zelm-manifest(5) tells the format of the file.
 #pragma once
 
 #include <map>

@@ -1,4 +1,4 @@
-// The layout of a packet, for both directions of an item's socket. docs/packets.md tells it to whoever
+// The layout of a packet, for both directions of an item's socket. zelm-packets(5) tells it to whoever
 // writes a driver. Everything here works on plain bytes and never reads outside of them.
 #pragma once
 

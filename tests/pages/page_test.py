@@ -1,0 +1,66 @@
+"""Checks a built manual page, in the sandbox: page_test.py BUILT_PAGE.
+
+An example is a literal block of the page's source in which lines after "$ " are commands, those after "> " go on
+with them, and all others are what they print. The examples of a page are one shell's, from top to bottom.
+"""
+
+import pathlib
+import re
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
+from tool_switches import ROOT, tool_switches
+
+END = "\x1fend of output\x1f\n"
+
+
+def lint(page):
+    ran = subprocess.run(["mandoc", "-T", "lint", "-W", "warning", page], capture_output=True, text=True)
+    return [ran.stdout + ran.stderr] if ran.returncode or ran.stdout else []
+
+
+def switches(source):
+    """The switches that the page describes, each with whether it takes a value."""
+    described = {}
+    for line in re.search(r"^# OPTIONS\n(.*?)^# ", source, re.MULTILINE | re.DOTALL)[1].splitlines():
+        for switch, value in re.findall(r"\*(--?[a-z0-9-]+)\*( _)?", line) if line.startswith("*-") else ():
+            described[switch] = bool(value)
+    if described == tool_switches():
+        return []
+    return [f"the switches differ: {sorted(described.items() ^ tool_switches().items())}"]
+
+
+def read_examples(source):
+    """Commands and what they print."""
+    examples = []
+    for block in re.findall(r"^```\n(\$ .*?)^```$", source.replace("\\\\", "\\"), re.MULTILINE | re.DOTALL):
+        for line in block.splitlines():
+            if line.startswith("$ "):
+                examples.append([line[2:], ""])
+            elif line == ">" or line.startswith("> "):
+                examples[-1][0] += "\n" + line[2:]
+            else:
+                examples[-1][1] += line + "\n"
+    return examples
+
+
+def normal(text):
+    return re.sub(r"\b(pid|uptime)=[0-9.]+", r"\1=1", text)
+
+
+def run_examples(source):
+    examples = read_examples(source)
+    assert examples, "a page without examples"
+    script = "".join(f"{command}\nprintf %s '{END}'\n" for command, _ in examples)
+    ran = subprocess.run(["bash"], input=script, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    outputs = ran.stdout.split(END)[:-1]
+    return [f"$ {command}\nprints\n{output}instead of\n{shown}"
+            for (command, shown), output in zip(examples, outputs, strict=True) if normal(output) != normal(shown)]
+
+
+page = pathlib.Path(sys.argv[1])
+text = (ROOT / "man" / (page.name + ".scd")).read_text()
+faults = lint(page) + (switches(text) if page.name == "zelm_outctl.1" else []) + run_examples(text)
+print("\n".join(faults))
+sys.exit(bool(faults))
