@@ -13,8 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
 from tool_switches import tool_switches
 
 COMMANDS = "create clone rename delete set list status start stop restart"
-OUTPUT_DOCUMENTS = ("alsa blackmagic_decklink_sdi drmkms fbdev internet_mpeg oss pulseaudio schedule_push"
-                    " shoutcast x11")
+OUTPUT_DOCUMENTS = "alsa blackmagic_decklink_sdi drmkms fbdev internet_mpeg oss pulseaudio schedule_push shoutcast x11"
 ROUTER_DRIVERS = "blackmagic_videohub knox_rs16x16hb knox_rs8x8hb knox_rsii sierra_video_aspen_hdsdi"
 INPUT_TYPES = "video-passthru video-passthru-v2 trigger-rs232"
 NAMES = ["main", "x y", "it's", 'two"quotes', "$HOME", "`id`", "back\\slash", "k=v:1", "bell\x01", "\xe9*", "!1"]
@@ -24,7 +23,6 @@ SWITCHES = set(tool_switches())
 # The line, the word that is typed, and what the shell then offers for it.
 ROWS = [
     ("zelm_outctl -c ", "", COMMANDS.split()),
-    ("zelm_outctl -c ", "lis", ["list"]),
     ("zelm_outctl ", "-", SWITCHES - {"--type"}),
     ("zelm_inctl ", "-", SWITCHES - {"--x11conflict"}),
     ("zelm_chctl -c rename ", "--t", ["--to"]),
@@ -42,6 +40,7 @@ ROWS = [
     ("zelm_outctl -c set -o 'x y' --set ", "always\\ on", ["always on top="]),
     ("zelm_outctl -c set -o x\\ y --set ", "'always on", ["always on top="]),
     ("zelm_outctl -c set -o main --set ", "last\\ e", []),
+    ("zelm_outctl -c set -o main --set ", "ti", ["title="]),
     ("zelm_outctl -c set -o main --set ", "dri", ["driver="]),
     ("zelm_outctl -c set --set ", "driver=x", ["driver=x11"]),
     ("zelm_outctl -c set --set ", '"driver=x', ["driver=x11"]),
@@ -122,7 +121,11 @@ def bare(typed):
 def main():
     for name in NAMES:
         subprocess.run(["zelm_outctl", "-c", "create", "-o", name], check=True)
-        subprocess.run(["zelm_outctl", "-c", "set", "-o", name, "--set", "driver=x11"], check=True)
+        subprocess.run(["zelm_outctl", "-c", "set", "-o", name, "--set", "driver=x11", "--set", "title=One"],
+                       check=True)
+    # A running item reports its settings, too.
+    subprocess.run("zelm_outctl -c start -o main; until zelm_outctl -c status -o main; do sleep 0.1; done", shell=True,
+                   check=True, stdout=subprocess.DEVNULL)
     shell = Fish() if sys.argv[1] == "fish" else Terminal(sys.argv[1])
     wrong = 0
     for head, typed, expected in ROWS:

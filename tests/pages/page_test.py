@@ -21,14 +21,20 @@ def lint(page):
 
 
 def switches(source):
-    """The switches that the page describes, each with whether it takes a value."""
-    described = {}
-    for line in re.search(r"^# OPTIONS\n(.*?)^# ", source, re.MULTILINE | re.DOTALL)[1].splitlines():
-        for switch, value in re.findall(r"\*(--?[a-z0-9-]+)\*( _)?", line) if line.startswith("*-") else ():
-            described[switch] = bool(value)
-    if described == tool_switches():
-        return []
-    return [f"the switches differ: {sorted(described.items() ^ tool_switches().items())}"]
+    """The page describes those of the tool, with a value where they take one, and no others."""
+    lines = re.search(r"^# OPTIONS\n(.*?)^# ", source, re.MULTILINE | re.DOTALL)[1].splitlines()
+    described = {switch: bool(value) for line in lines if line.startswith("*-")
+                 for switch, value in re.findall(r"\*(--?[a-z0-9-]+)\*( _)?", line)}
+    differing = sorted(described.items() ^ tool_switches().items())
+    return [f"the switches differ: {differing}"] if differing else []
+
+
+def driver_words(source, candidates):
+    """The page has those that completion takes from the tool's own tables, and no others."""
+    section = re.search(r"^# DRIVERS\n(.*?)^# ", source, re.MULTILINE | re.DOTALL)[1]
+    described = set(re.findall(r"(?<!\S)_([a-z0-9_]+)_(?!\w)", section))
+    known = set(" ".join(re.findall(r"(?:drivers|documents)='(.+?)'", candidates)).split())
+    return [f"the driver words differ: {sorted(described ^ known)}"] if described != known else []
 
 
 def read_examples(source):
@@ -53,7 +59,8 @@ def run_examples(source):
     examples = read_examples(source)
     assert examples, "a page without examples"
     script = "".join(f"{command}\nprintf %s '{END}'\n" for command, _ in examples)
-    ran = subprocess.run(["bash"], input=script, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+    ran = subprocess.run(["bash"], input=script, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
+                         timeout=60)
     outputs = ran.stdout.split(END)[:-1]
     return [f"$ {command}\nprints\n{output}instead of\n{shown}"
             for (command, shown), output in zip(examples, outputs, strict=True) if normal(output) != normal(shown)]
@@ -61,6 +68,8 @@ def run_examples(source):
 
 page = pathlib.Path(sys.argv[1])
 text = (ROOT / "man" / (page.name + ".scd")).read_text()
-faults = lint(page) + (switches(text) if page.name == "zelm_outctl.1" else []) + run_examples(text)
+faults = lint(page) + run_examples(text)
+if page.name == "zelm_outctl.1":
+    faults += switches(text) + driver_words(text, (page.parent.parent / "completions/candidates").read_text())
 print("\n".join(faults))
 sys.exit(bool(faults))
