@@ -112,14 +112,30 @@ TEST_F(Faults, FileSystemsThatCannotExchangeOrHaveNoNamelessFilesWillDo)
         Outcome outcome;
         run(command, "delay_enter=0", 1, outcome);
         const std::string nameless = sh("grep openat /run/trace | grep -n O_TMPFILE | cut -d: -f1").out;
-        for (const std::string& missing : {std::string("renameat2:error=EINVAL"),
-                 "openat:error=EOPNOTSUPP:when=" +
-                     (nameless.empty() ? "99" : nameless.substr(0, nameless.find('\n')))}) {
+        const std::string named = "openat:error=EOPNOTSUPP:when=" +
+                                  (nameless.empty() ? "99" : nameless.substr(0, nameless.find('\n')));
+        for (const std::string& missing : {std::string("renameat2:error=EINVAL"), named}) {
             prepare(command);
             outcome = sh("strace -qq -o /run/trace --inject=" + missing + " " + command.command_line);
             EXPECT_EQ(outcome.out + outcome.err, "") << command.name << missing;
             EXPECT_EQ(files(directory_of(command)), command.after) << command.name << missing;
         }
+        prepare(command);
+        sh("strace -qq -o /run/trace --inject=" + named + " --inject=fsync:error=EIO " +
+            command.command_line);
+        EXPECT_EQ(files(directory_of(command)), nameless.empty() ? command.after : command.before)
+            << command.name;
+    }
+}
+
+TEST_F(Faults, WhatIsNewIsOnDiskBeforeItHasItsNameAndTheNameAfterwards)
+{
+    for (const auto& [command, calls] : {std::pair(COMMANDS[0], "fsync linkat renameat2 unlinkat fsync "),
+             std::pair(COMMANDS[1], "fsync linkat fsync "), std::pair(COMMANDS[2], "fsync linkat fsync ")}) {
+        Outcome outcome;
+        run(command, "delay_enter=0", 1, outcome);
+        EXPECT_EQ(
+            output_of("grep -oE '^(fsync|linkat|renameat2|unlinkat)' /run/trace | tr '\\n' ' '"), calls);
     }
 }
 
