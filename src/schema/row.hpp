@@ -35,9 +35,12 @@ struct Marks {
     std::string_view words = {};  // what the text usually is, "|" between two; no word is checked
     Direction direction = Direction::BOTH;
     bool nameless_if_absent = false;  // a document without the member yields an empty key and value
+    bool nogui = false;               // front ends hide it
+    std::string_view unset = {};  // what a key that isn't set counts as, where a null writes something else
 };
 
 inline constexpr Marks STATUS{.status = true};
+inline constexpr Marks DEBUG_STATUS{.status = true, .nogui = true};
 inline constexpr Marks WRITTEN_ALONE{.direction = Direction::WRITTEN};
 inline constexpr Marks READ_ALONE{.direction = Direction::READ};
 

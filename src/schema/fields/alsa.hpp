@@ -33,7 +33,7 @@ inline constexpr Row ALSA[] = {
     {"autostart_item", "autostart item", NULLABLE_TEXT, "",
         "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
     {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "",
-        "Notes about the ALSA hardware and configuration.", STATUS},
+        "Notes about the ALSA hardware and configuration.", DEBUG_STATUS},
 };
 
 }  // namespace fields

@@ -132,7 +132,7 @@ inline constexpr Row BLACKMAGIC_DECKLINK_SDI[] = {
     {"", "", AUDIO_NORMALIZER},
     {"active", "active", NULLABLE_TEXT, "", "Status display, whether or not the SDI output is open", STATUS},
     {"last_notes", "last notes", NULLABLE_TEXT, "",
-        "Informational notes about opening the SDI output, for debugging purposes.", STATUS},
+        "Informational notes about opening the SDI output, for debugging purposes.", DEBUG_STATUS},
     {"last_error", "last error", NULLABLE_TEXT, "",
         "Last error encountered when trying to open the SDI output", STATUS},
     {"using_device", "using device", NULLABLE_TEXT, "", "Device currently in use", STATUS},

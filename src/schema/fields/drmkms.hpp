@@ -51,7 +51,7 @@ inline constexpr Row DRMKMS[] = {
         words("none|fullscreen|center|aspect")},
     {"debug.lastError", "last error", TEXT, "", "Last error encountered when trying to open the device",
         STATUS},
-    {"debug.lastNotes", "last notes", TEXT, "", "Informational notes about opening the device", STATUS},
+    {"debug.lastNotes", "last notes", TEXT, "", "Informational notes about opening the device", DEBUG_STATUS},
 };
 
 }  // namespace fields

@@ -27,7 +27,7 @@ inline constexpr Row FBDEV[] = {
     {"active", "active", NULLABLE_TEXT, "", "Status display, whether or not the framebuffer output is open",
         STATUS},
     {"last_notes", "last notes", NULLABLE_TEXT, "",
-        "Informational notes about opening the framebuffer, for debugging purposes.", STATUS},
+        "Informational notes about opening the framebuffer, for debugging purposes.", DEBUG_STATUS},
     {"last_error", "last error", NULLABLE_TEXT, "",
         "Last error encountered when trying to open the framebuffer", STATUS},
     {"using_device", "using device", NULLABLE_TEXT, "", "Framebuffer device currently in use", STATUS},

@@ -40,7 +40,7 @@ inline constexpr Row ENC_AUDIO[] = {
         "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 inline constexpr Row ENC_VIDEO[] = {
@@ -105,7 +105,7 @@ inline constexpr Row ENC_VIDEO[] = {
         "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 }  // namespace fields

@@ -37,7 +37,7 @@ inline constexpr Row ENC_IPTV[] = {
         "Status display. Sent bytes indicate what has been sent to the network according to the operating system.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 // The un-numbered ASI output, which has no group of its own.
@@ -52,7 +52,7 @@ inline constexpr Row ENC_ASI[] = {
         "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
     {"asi__active", "asi, active", TEXT, "", "Status display.", STATUS},
     {"asi__last_error", "asi, last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"asi__last_notes", "asi, last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"asi__last_notes", "asi, last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 // A numbered ASI output. The flat keys follow the output's prefix.
@@ -68,7 +68,7 @@ inline constexpr Row NUMBERED_ASI[] = {
         "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
     {"active", "active", TEXT, "", "Status display.", STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 }  // namespace fields

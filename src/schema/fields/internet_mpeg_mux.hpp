@@ -27,7 +27,7 @@ inline constexpr Row ENC_PS[] = {
         "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 // The multiplexer's members, and before its status those of RTMP, HLS and recording.
@@ -142,7 +142,7 @@ inline constexpr Row ENC_TS[] = {
         "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 }  // namespace fields

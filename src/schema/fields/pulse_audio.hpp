@@ -26,7 +26,7 @@ inline constexpr Row PULSE_AUDIO[] = {
         "Last error encountered when trying to open the audio output", STATUS},
     {"autostart_item", "autostart item", NULLABLE_TEXT, "",
         "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
-    {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "", "Notes about PulseAudio.", STATUS},
+    {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "", "Notes about PulseAudio.", DEBUG_STATUS},
     {"pulseaudio_sink", "pulseaudio sink", NULLABLE_TEXT, "", "PulseAudio sink device to send audio to"},
 };
 

@@ -54,7 +54,7 @@ inline constexpr Row SHOUT_CAST_ENCODER[] = {
         "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
         STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
 };
 
 // The minimum level has a text of its own here.

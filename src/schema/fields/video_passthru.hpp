@@ -175,7 +175,7 @@ inline constexpr Row VIDEO_PASSTHRU[] = {
     {"active_source", "active source", TEXT, "         ",
         "status of this video input, and the format of the source / input", STATUS},
     {"last_error", "last error", TEXT, "", "Last error initializing the input", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the input", STATUS},
+    {"last_notes", "last notes", TEXT, "", "Last notes related to the input", DEBUG_STATUS},
     {"eia_608_caption_status", "eia-608 caption status", TEXT, "", "EIA-608 caption status", STATUS},
     {"mpeg_ts_program", "mpeg ts program", TEXT, "",
         "Program (by the ID value in the PAT) to select, when the source is an MPEG transport stream. You can enter as decimal or as hexadecimal. Leave this field blank to automatically pick the first program in the PAT."},

@@ -36,7 +36,7 @@ inline constexpr Row X11[] = {
     {"debug.lastError", "last error", TEXT, "", "Last error encountered when trying to open the X11 window",
         STATUS},
     {"debug.lastNotes", "last notes", TEXT, "",
-        "Informational notes about opening the X11 window, for debugging purposes.", STATUS},
+        "Informational notes about opening the X11 window, for debugging purposes.", DEBUG_STATUS},
 };
 
 }  // namespace fields
