@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cassert>
-#include <climits>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <dirent.h>
 #include <fcntl.h>
 #include <strings.h>
 #include <sys/stat.h>
@@ -15,51 +17,81 @@
 namespace {
 
 constexpr std::size_t FIELD_LIMIT = 63;  // a row's fields behind this one are not looked at
-constexpr std::size_t NO_COLUMN = static_cast<std::size_t>(-1);
 
-// The words between runs of spaces, at most `limit`.
-std::vector<std::string_view> words(std::string_view line, std::size_t limit = NO_COLUMN)
+// The next line of the text from `at` on, which moves behind it. A line that is too long comes in pieces.
+bool next_line(std::string_view text, std::size_t& at, std::string_view& line)
 {
-    std::vector<std::string_view> found;
-    std::size_t begin = line.find_first_not_of(' ');
-    while (begin != std::string_view::npos && found.size() < limit) {
-        const std::size_t end = std::min(line.find(' ', begin), line.size());
-        found.push_back(line.substr(begin, end - begin));
-        begin = line.find_first_not_of(' ', end);
-    }
-    return found;
+    if (at >= text.size())
+        return false;
+    line = text.substr(at, LineReader::LINE_LIMIT);
+    const std::size_t feed = line.find('\n');
+    line = line.substr(0, feed);
+    at += line.size() + (feed == std::string_view::npos ? 0 : 1);
+    return true;
 }
 
-// The last column of that name, whatever its case.
-std::size_t column_of(const std::vector<std::string_view>& names, const char* wanted)
+// The next word of a line from `at` on, which moves behind it; empty at the line's end.
+std::string_view next_word(std::string_view line, std::size_t& at)
 {
-    std::size_t column = NO_COLUMN;
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (::strcasecmp(std::string(names[i]).c_str(), wanted) == 0)
-            column = i;
-    return column;
+    const std::size_t begin = std::min(line.find_first_not_of(' ', at), line.size());
+    at = std::min(line.find(' ', begin), line.size());
+    return line.substr(begin, at - begin);
 }
 
-void complain_about_header(const std::vector<std::string_view>& names)
+std::string_view field_of(std::string_view line, std::size_t column)
+{
+    std::size_t at = 0;
+    for (; column > 0; --column)
+        next_word(line, at);
+    return next_word(line, at);
+}
+
+void complain_about_header(const std::vector<std::string>& names)
 {
     std::fprintf(stderr_write,
         "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n");
     std::fprintf(stderr_write, "Headers read from /proc/net/unix were:\n");
     for (std::size_t i = 0; i < names.size(); ++i)
-        std::fprintf(stderr_write, "   entry[%zu] = '%s'\n", i, std::string(names[i]).c_str());
+        std::fprintf(stderr_write, "   entry[%zu] = '%s'\n", i, names[i].c_str());
 }
 
-// A name that is a whole decimal number, or 0.
-unsigned long whole_number(const char* name)
+// The number that the whole name is in decimal, or -1.
+long whole_number(const char* name)
 {
     if (*name < '0' || *name > '9')
-        return 0;
+        return -1;
     char* end = nullptr;
-    const unsigned long number = std::strtoul(name, &end, 10);
-    return *end == '\0' ? number : 0;
+    errno = 0;
+    const long number = std::strtol(name, &end, 10);
+    return *end == '\0' && errno == 0 ? number : -1;
 }
 
-bool is_link(int directory, const dirent& entry)
+// A directory's entries, many with each call of the kernel.
+class Entries {
+public:
+    explicit Entries(int directory) : m_directory(directory) {}
+
+    const dirent64* next()
+    {
+        if (m_at >= m_end) {
+            m_at = 0;
+            m_end = ::getdents64(m_directory, m_block, sizeof m_block);
+            if (m_end <= 0)
+                return nullptr;
+        }
+        const auto* entry = reinterpret_cast<const dirent64*>(m_block + m_at);
+        m_at += entry->d_reclen;
+        return entry;
+    }
+
+private:
+    int m_directory;
+    ssize_t m_at = 0;
+    ssize_t m_end = 0;
+    alignas(dirent64) char m_block[std::size_t{32} * 1024];
+};
+
+bool is_link(int directory, const dirent64& entry)
 {
     if (entry.d_type != DT_UNKNOWN)
         return entry.d_type == DT_LNK;
@@ -67,130 +99,147 @@ bool is_link(int directory, const dirent& entry)
     return ::fstatat(directory, entry.d_name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(state.st_mode);
 }
 
-// The inode of "socket:[inode]".
-bool socket_inode(const std::string& target, unsigned int& inode)
+// The socket that a descriptor's link names as "socket:[inode]".
+bool is_socket(int directory, const dirent64& entry, unsigned int& inode)
 {
     constexpr std::string_view PREFIX = "socket:[";
-    if (!target.starts_with(PREFIX) || target[PREFIX.size()] < '0' || target[PREFIX.size()] > '9')
+    char tmp[64];  // whatever is longer is no socket
+    if (whole_number(entry.d_name) < 0 || !is_link(directory, entry))
+        return false;
+    const ssize_t rd = ::readlinkat(directory, entry.d_name, tmp, sizeof tmp - 1);
+    assert(rd < 0 || (size_t)rd < sizeof(tmp));
+    tmp[std::max<ssize_t>(rd, 0)] = '\0';
+    const char* number = tmp + PREFIX.size();
+    if (!std::string_view(tmp).starts_with(PREFIX) || *number < '0' || *number > '9')
         return false;
     char* end = nullptr;
-    inode = static_cast<unsigned int>(std::strtoul(target.c_str() + PREFIX.size(), &end, 10));
+    inode = static_cast<unsigned int>(std::strtoul(number, &end, 10));
     return *end == ']';
+}
+
+// Calls back with each socket that the process holds, until it is told by false to stop.
+template <typename Visit> void visit_sockets(int proc, pid_t pid, const Visit& visit)
+{
+    const std::string path = std::to_string(pid) + "/fd";
+    const Descriptor directory(::openat(proc, path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!directory)
+        return;
+    Entries entries(directory.get());
+    unsigned int inode = 0;
+    while (const dirent64* entry = entries.next())
+        if (is_socket(directory.get(), *entry, inode) && !visit(inode))
+            return;
+}
+
+std::vector<pid_t> processes_from_the_highest(int proc)
+{
+    std::vector<pid_t> pids;
+    Entries entries(proc);
+    while (const dirent64* entry = entries.next())
+        if (const long pid = whole_number(entry->d_name); pid > 0)
+            pids.push_back(static_cast<pid_t>(pid));
+    std::sort(pids.begin(), pids.end(), std::greater<>());
+    return pids;
+}
+
+Descriptor open_directory(const char* path)
+{
+    return Descriptor(::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
 }  // namespace
 
 void ProcNetUnixSnapshot::take(const char* file)
 {
-    snapshot.clear();
-    m_by_path.clear();
+    m_text.clear();
+    m_path_column = NO_COLUMN;
     const Descriptor table(::open(file, O_RDONLY | O_CLOEXEC));
     if (!table)
         return;
-    LineReader lines(table.get());
-    std::string_view line;
-    lines.next(line);
-    const std::vector<std::string_view> names = words(line);
-    const std::size_t inode_column = column_of(names, "Inode");
-    const std::size_t path_column = column_of(names, "Path");
+    for (ssize_t got = 1; got > 0;) {
+        char block[std::size_t{64} * 1024];
+        got = TEMP_FAILURE_RETRY(::read(table.get(), block, sizeof block));
+        m_text.append(block, static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    }
+    std::string_view header;
+    m_rows = 0;
+    next_line(m_text, m_rows, header);
+    find_columns(header);
+}
+
+// The last column of each name, whatever its case.
+void ProcNetUnixSnapshot::find_columns(std::string_view header)
+{
+    std::vector<std::string> names;
+    std::size_t inode_column = NO_COLUMN;
+    std::size_t path_column = NO_COLUMN;
+    std::size_t at = 0;
+    for (std::string_view name = next_word(header, at); !name.empty(); name = next_word(header, at)) {
+        names.emplace_back(name);
+        if (::strcasecmp(names.back().c_str(), "Inode") == 0)
+            inode_column = names.size() - 1;
+        if (::strcasecmp(names.back().c_str(), "Path") == 0)
+            path_column = names.size() - 1;
+    }
     if (inode_column == NO_COLUMN || path_column == NO_COLUMN) {
         complain_about_header(names);
-        return;
-    }
-    if (inode_column > FIELD_LIMIT || path_column > FIELD_LIMIT) {
+    } else if (inode_column > FIELD_LIMIT || path_column > FIELD_LIMIT) {
         std::fprintf(stderr_write, "procnetunixsnapshot: columns out of range.\n");
-        return;
-    }
-    while (lines.next(line))
-        add_row(line, inode_column, path_column);
-    for (std::size_t i = 0; i < snapshot.size(); ++i)
-        if (!snapshot[i].path.empty())
-            m_by_path.try_emplace(snapshot[i].path, i);
-}
-
-void ProcNetUnixSnapshot::add_row(std::string_view line, std::size_t inode_column, std::size_t path_column)
-{
-    const std::vector<std::string_view> fields = words(line, FIELD_LIMIT);
-    if (inode_column >= fields.size())
-        return;
-    ProcNetUnixEntry& row = snapshot.emplace_back();
-    row.inode =
-        static_cast<unsigned int>(std::strtoul(std::string(fields[inode_column]).c_str(), nullptr, 0));
-    if (path_column < fields.size())
-        row.path = fields[path_column];
-}
-
-bool ProcNetUnixSnapshot::lookup_sock_path(
-    ProcNetUnixEntry& out, const std::string& path, std::size_t nth) const
-{
-    const auto found = m_by_path.find(path);
-    if (found == m_by_path.end())
-        return false;
-    const std::size_t index = found->second;
-    assert(index < snapshot.size());
-    auto row = snapshot.begin() + static_cast<std::ptrdiff_t>(index);
-    const auto has_path = [&](const ProcNetUnixEntry& each) { return each.path == path; };
-    for (; nth > 0 && row != snapshot.end(); --nth)
-        row = std::find_if(row + 1, snapshot.end(), has_path);
-    if (row == snapshot.end())
-        return false;
-    out = *row;
-    return true;
-}
-
-void ProcfsFileHandleSnapshot::take(const char* directory)
-{
-    m_processes.clear();
-    m_by_inode.clear();
-    const Directory proc(::opendir(directory));
-    if (!proc)
-        return;
-    while (const dirent* entry = ::readdir(proc.get()))
-        if (const unsigned long pid = whole_number(entry->d_name); pid != 0)
-            take_process(directory + ("/" + std::string(entry->d_name)), static_cast<pid_t>(pid));
-    index_sockets();
-}
-
-void ProcfsFileHandleSnapshot::take_process(const std::string& process, pid_t pid)
-{
-    Handles& handles = m_processes[pid];
-    const Directory descriptors(::opendir((process + "/fd").c_str()));
-    if (!descriptors)
-        return;
-    const int directory = ::dirfd(descriptors.get());
-    while (const dirent* entry = ::readdir(descriptors.get())) {
-        const bool is_number = whole_number(entry->d_name) != 0 || std::string_view(entry->d_name) == "0";
-        if (!is_number || !is_link(directory, *entry))
-            continue;
-        char tmp[PATH_MAX];
-        const ssize_t rd = ::readlinkat(directory, entry->d_name, tmp, sizeof tmp - 1);
-        assert(rd < 0 || (size_t)rd < sizeof(tmp));
-        handles.push_back(
-            {std::atoi(entry->d_name), std::string(tmp, rd > 0 ? static_cast<std::size_t>(rd) : 0)});
+    } else {
+        m_inode_column = inode_column;
+        m_path_column = path_column;
     }
 }
 
-void ProcfsFileHandleSnapshot::index_sockets()
+void ProcNetUnixSnapshot::for_each(const Row& row) const
 {
-    for (const auto& [pid, handles] : m_processes)
-        for (std::size_t i = 0; i < handles.size(); ++i)
-            if (unsigned int inode = 0; socket_inode(handles[i].target, inode))
-                m_by_inode[inode] = {pid, i};
+    if (!is_readable())
+        return;
+    std::string_view line;
+    for (std::size_t at = m_rows; next_line(m_text, at, line);) {
+        const std::string_view inode = m_inode_column < FIELD_LIMIT ? field_of(line, m_inode_column) : "";
+        const std::string_view path = m_path_column < FIELD_LIMIT ? field_of(line, m_path_column) : "";
+        if (!inode.empty())
+            row(path, static_cast<unsigned int>(std::strtoul(std::string(inode).c_str(), nullptr, 0)));
+    }
 }
 
-bool ProcfsFileHandleSnapshot::lookup_socket_inode(
-    pid_t& pid, ProcfsFileHandleSnapshotEntry& out, unsigned int inode) const
+void find_holders(const char* proc, std::vector<SoughtSocket>& sought)
 {
-    const auto holder = m_by_inode.find(inode);
-    if (holder == m_by_inode.end())
-        return false;
-    const auto& l2 = holder->second;
-    pid = l2.first;
-    const auto process = m_processes.find(pid);
-    if (process == m_processes.end())
-        return false;
-    const Handles& handles = process->second;
-    assert(l2.second < handles.size());
-    out = handles[l2.second];
-    return true;
+    std::vector<SoughtSocket*> by_inode;
+    for (SoughtSocket& each : sought)
+        by_inode.push_back(&each);
+    std::sort(by_inode.begin(), by_inode.end(),
+        [](const auto* one, const auto* other) { return one->inode < other->inode; });
+    auto undecided =
+        std::count_if(sought.begin(), sought.end(), [](const auto& each) { return each.decides; });
+    const Descriptor directory = undecided > 0 ? open_directory(proc) : Descriptor();
+    if (!directory)
+        return;
+    for (const pid_t pid : processes_from_the_highest(directory.get())) {
+        visit_sockets(directory.get(), pid, [&](unsigned int inode) {
+            auto found = std::lower_bound(by_inode.begin(), by_inode.end(), inode,
+                [](const auto* each, unsigned int wanted) { return each->inode < wanted; });
+            for (; found != by_inode.end() && (*found)->inode == inode; ++found) {
+                if ((*found)->holder != 0)
+                    continue;
+                (*found)->holder = pid;
+                undecided -= (*found)->decides ? 1 : 0;
+            }
+            return undecided > 0;
+        });
+        if (undecided == 0)
+            return;
+    }
+}
+
+bool holds_socket(const char* proc, pid_t pid, unsigned int inode)
+{
+    bool holds = false;
+    if (const Descriptor directory = open_directory(proc))
+        visit_sockets(directory.get(), pid, [&](unsigned int each) {
+            holds = each == inode;
+            return !holds;
+        });
+    return holds;
 }

@@ -1,56 +1,51 @@
-// The kernel's tables of Unix sockets and of open descriptors, as they were at one moment.
+// What the kernel shows of Unix sockets and of the processes that hold them, as it was at one moment.
 #pragma once
 
-#include <map>
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
-#include <utility>
 #include <vector>
-
-struct ProcNetUnixEntry {
-    std::string path;  // empty when the row has none; cut at its first blank
-    unsigned int inode = static_cast<unsigned int>(-1);
-};
 
 // The table of Unix sockets.
 class ProcNetUnixSnapshot {
 public:
+    // The row's path is empty when it has none, and cut at its first blank.
+    using Row = std::function<void(std::string_view path, unsigned int inode)>;
+
     // Reads the table from a file of the form of /proc/net/unix, whose header line names the columns. A
-    // file that can't be opened, or whose header lacks a column, leaves the table empty.
+    // file that can't be opened, or whose header lacks a column, which is said, leaves the table empty.
     void take(const char* file);
 
-    // The first row with that path, or one of those behind it, counted from 0. False when there is none.
-    bool lookup_sock_path(ProcNetUnixEntry& out, const std::string& path, std::size_t nth = 0) const;
+    // Whether there was a header that could be understood.
+    bool is_readable() const { return m_path_column != NO_COLUMN; }
+
+    // Calls back with each row that has an inode, in the table's order.
+    void for_each(const Row& row) const;
 
 private:
-    void add_row(std::string_view line, std::size_t inode_column, std::size_t path_column);
+    static constexpr std::size_t NO_COLUMN = static_cast<std::size_t>(-1);
 
-    std::vector<ProcNetUnixEntry> snapshot;
-    std::map<std::string, std::size_t> m_by_path;
+    void find_columns(std::string_view header);
+
+    std::string m_text;
+    std::size_t m_rows = 0;  // where they begin in the text
+    std::size_t m_inode_column = NO_COLUMN;
+    std::size_t m_path_column = NO_COLUMN;
 };
 
-struct ProcfsFileHandleSnapshotEntry {
-    int descriptor = -1;
-    std::string target;  // empty if the link could not be read
+// A socket whose holder is looked for.
+struct SoughtSocket {
+    unsigned int inode;
+    bool decides;      // the search goes on until this one's holder is found
+    pid_t holder = 0;  // of several processes the one with the highest id; 0 when nobody holds it
 };
 
-// The open descriptors of every process that lets itself be seen.
-class ProcfsFileHandleSnapshot {
-public:
-    // Reads a directory of the form of /proc.
-    void take(const char* directory);
+// Walks a directory of the form of /proc, from the highest process down, and fills in the holders. It ends
+// as soon as all sockets that decide have one, so that others may then lack theirs. Processes that don't
+// let themselves be seen hold nothing.
+void find_holders(const char* proc, std::vector<SoughtSocket>& sought);
 
-    // The holder of a socket: of several processes the one with the highest id, and its last descriptor.
-    // False when nobody holds it.
-    bool lookup_socket_inode(pid_t& pid, ProcfsFileHandleSnapshotEntry& out, unsigned int inode) const;
-
-private:
-    using Handles = std::vector<ProcfsFileHandleSnapshotEntry>;
-
-    void take_process(const std::string& process, pid_t pid);
-    void index_sockets();
-
-    std::map<pid_t, Handles> m_processes;
-    std::map<unsigned int, std::pair<pid_t, std::size_t>> m_by_inode;
-};
+// Whether that process, of a directory of that form, holds the socket.
+bool holds_socket(const char* proc, pid_t pid, unsigned int inode);

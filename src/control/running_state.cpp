@@ -8,8 +8,11 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <map>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 #include "control/items.hpp"
 #include "control/proc_snapshots.hpp"
@@ -23,22 +26,18 @@ const std::string OPEN_AF_UNIX_SOCKETS = "/proc/net/unix";
 
 constexpr int START_TIME_FIELD = 22;  // of a process's status line, counted from 1
 
-ProcNetUnixSnapshot net_unix_snapshot;
-ProcfsFileHandleSnapshot procfs_filehandle_snapshot;
+// The socket of an item: what is there, and who was found to serve it.
+struct ItemSocket {
+    struct stat entry;
+    RunningDriver driver{};
+};
+
+// What the first test of a run finds holds to its end, by the paths of the sockets.
+std::map<std::string, ItemSocket, std::less<>> item_sockets;
 bool have_snapshot = false;
 
 std::uint64_t kernel_uptime = 0;        // in clock ticks
 std::int64_t kernel_clock_ticks = 100;  // a second
-
-// Once a run, also when it fails: what the tables say at the first test holds to the end.
-void take_snapshots()
-{
-    if (have_snapshot)
-        return;
-    have_snapshot = true;
-    net_unix_snapshot.take(OPEN_AF_UNIX_SOCKETS.c_str());
-    procfs_filehandle_snapshot.take(PROC_PATH.c_str());
-}
 
 // Where the socket entry leads, with `state` telling what is there: the entry itself, or the target of an
 // absolute link, which is followed this once. False when it leads nowhere.
@@ -57,20 +56,85 @@ bool resolve_socket(std::string& path, struct stat& state)
     return path.front() == '/' && ::lstat(path.c_str(), &state) == 0;
 }
 
-// The process that holds the socket bound at the path, or 0.
+// The path of an item's socket, and what is there; empty when there is none.
+std::string find_socket(const std::string& item, bool complains, struct stat& entry)
+{
+    const std::string path = settings_path(item);
+    std::string metadir;
+    if (complains && !stat_settings(path, entry))
+        return {};
+    if (!(complains ? find_metadir_or_complain(path, metadir) : find_metadir(path, metadir)))
+        return {};
+    std::string socket = active_socket_path(metadir);
+    struct stat directory {};
+    const bool found = resolve_socket(socket, entry) && S_ISSOCK(entry.st_mode) &&
+                       ::lstat(metadir.c_str(), &directory) == 0 && S_ISDIR(directory.st_mode);
+    return found ? socket : std::string();
+}
+
+// One look at the processes, for the sockets whose driver isn't known yet.
 //
 // The kernel gives the listener's path to its connections too, and may write their rows first: those that
-// the driver hasn't accepted, which no process can hold, and those that ended between the two snapshots.
-// So a row that nobody holds says nothing as long as there is another.
-pid_t holder_of(const std::string& socket)
+// the driver hasn't accepted, which have no inode yet, and those that end before their holder is looked
+// for. So a row that nobody holds says nothing as long as there is another.
+void find_drivers(const ProcNetUnixSnapshot& table)
 {
-    ProcNetUnixEntry row;
-    ProcfsFileHandleSnapshotEntry handle;
-    pid_t holder = 0;
-    for (std::size_t nth = 0; net_unix_snapshot.lookup_sock_path(row, socket, nth); ++nth)
-        if (procfs_filehandle_snapshot.lookup_socket_inode(holder, handle, row.inode))
-            return holder;
-    return 0;
+    std::vector<ItemSocket*> sockets;
+    std::vector<SoughtSocket> rows;
+    std::set<const ItemSocket*> with_rows;
+    table.for_each([&](std::string_view path, unsigned int inode) {
+        const auto found = inode != 0 ? item_sockets.find(path) : item_sockets.end();
+        if (found == item_sockets.end() || found->second.driver.pid != 0)
+            return;
+        rows.push_back({inode, with_rows.insert(&found->second).second});
+        sockets.push_back(&found->second);
+    });
+    find_holders(PROC_PATH.c_str(), rows);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].holder != 0 && sockets[i]->driver.pid == 0)
+            sockets[i]->driver = {rows[i].holder, rows[i].inode};
+}
+
+// The kernel hands the table out in pieces and skips rows while sockets close between two of them. So a
+// socket that is there without a driver is looked at once more.
+void take_snapshots(ProcNetUnixSnapshot& table)
+{
+    find_drivers(table);
+    const bool is_complete = std::none_of(item_sockets.begin(), item_sockets.end(),
+        [](const auto& socket) { return socket.second.driver.pid == 0; });
+    if (is_complete || !table.is_readable())
+        return;
+    table.take(OPEN_AF_UNIX_SOCKETS.c_str());
+    find_drivers(table);
+}
+
+// The drivers of the items that are asked for, all decided at one moment with those of the others.
+std::vector<RunningDriver> drivers_of(
+    const std::vector<std::string>& asked, const std::vector<std::string>& others)
+{
+    const bool is_first = !std::exchange(have_snapshot, true);
+    ProcNetUnixSnapshot table;
+    if (is_first)
+        table.take(OPEN_AF_UNIX_SOCKETS.c_str());
+    struct stat entry {};
+    std::vector<std::string> sockets;
+    for (const std::string& item : asked) {
+        sockets.push_back(find_socket(item, true, entry));
+        if (is_first && !sockets.back().empty())
+            item_sockets[sockets.back()] = {entry};
+    }
+    if (is_first) {
+        for (const std::string& item : others)
+            if (const std::string socket = find_socket(item, false, entry); !socket.empty())
+                item_sockets[socket] = {entry};
+        take_snapshots(table);
+    }
+    std::vector<RunningDriver> drivers;
+    for (const std::string& socket : sockets) {
+        const auto found = item_sockets.find(socket);
+        drivers.push_back(found == item_sockets.end() ? RunningDriver{} : found->second.driver);
+    }
+    return drivers;
 }
 
 // The first bytes of a small file, ending at the first line feed.
@@ -106,32 +170,24 @@ std::string active_socket_path(const std::string& metadir)
     return metadir + "/" + ACTIVE_SOCKET_ENTRY;
 }
 
+RunningDriver running_driver(const std::string& item)
+{
+    return drivers_of({item}, itemlist).front();
+}
+
 int is_item_running(const std::string& item, pid_t* pid)
 {
-    const std::string path = settings_path(item);
-    take_snapshots();
+    const RunningDriver driver = running_driver(item);
     if (pid)
-        *pid = 0;
-    struct stat state {};
-    std::string metadir;
-    if (!stat_settings(path, state) || !find_metadir_or_complain(path, metadir))
-        return 0;
-    if (::lstat(metadir.c_str(), &state) != 0 || !S_ISDIR(state.st_mode))
-        return 0;
-    std::string socket = active_socket_path(metadir);
-    if (!resolve_socket(socket, state) || !S_ISSOCK(state.st_mode))
-        return 0;
-    const pid_t holder = holder_of(socket);
-    if (pid)
-        *pid = holder;
-    return holder != 0 ? 1 : 0;
+        *pid = driver.pid;
+    return driver.pid != 0 ? 1 : 0;
 }
 
 std::vector<pid_t> running_processes(const std::vector<std::string>& items)
 {
-    std::vector<pid_t> processes(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i)
-        is_item_running(items[i], &processes[i]);
+    std::vector<pid_t> processes;
+    for (const RunningDriver& driver : drivers_of(items, {}))
+        processes.push_back(driver.pid);
     return processes;
 }
 

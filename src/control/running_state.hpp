@@ -8,6 +8,14 @@
 #include <sys/types.h>
 #include <vector>
 
+// The process that serves an item, and the inode of the socket by which it was found; 0 for one that doesn't
+// run.
+struct RunningDriver {
+    pid_t pid = 0;
+    unsigned int socket = 0;
+};
+RunningDriver running_driver(const std::string& item);
+
 // 1 when the item runs, else 0. `pid` may be null; otherwise it gets the driver's process id, or 0. The
 // first call of a run takes the tables of sockets and processes, and all later calls judge by them.
 int is_item_running(const std::string& item, pid_t* pid);

@@ -30,23 +30,17 @@ protected:
         return m_said;
     }
 
-    // What a table of this text tells of a path: its inode, or "none".
-    std::string inode_of(const std::string& path, const std::string& table, std::size_t nth = 0)
+    // What a table of this text tells of a path: the inodes of its rows, or "none".
+    std::string inodes_of(const std::string& path, const std::string& table)
     {
         ProcNetUnixSnapshot snapshot;
         snapshot.take(m_directory.file("unix", table).c_str());
-        ProcNetUnixEntry row;
-        return snapshot.lookup_sock_path(row, path, nth) ? std::to_string(row.inode) : "none";
-    }
-
-    // "pid:descriptor" of the holder, or "none".
-    static std::string holder(const ProcfsFileHandleSnapshot& snapshot, unsigned int inode)
-    {
-        pid_t pid = 0;
-        ProcfsFileHandleSnapshotEntry entry;
-        if (!snapshot.lookup_socket_inode(pid, entry, inode))
-            return "none";
-        return std::to_string(pid) + ":" + std::to_string(entry.descriptor);
+        std::string inodes;
+        snapshot.for_each([&](std::string_view of, unsigned int inode) {
+            if (of == path)
+                inodes += (inodes.empty() ? "" : " ") + std::to_string(inode);
+        });
+        return inodes.empty() ? "none" : inodes;
     }
 
     TemporaryDirectory m_directory;
@@ -71,13 +65,13 @@ TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
     const struct {
         const char* what;
         std::string table;
-        const char* inode;
+        const char* inodes;
     } rows[] = {
         {"as the kernel writes it", head + "0000: 2 0 10000 1 01   77 /s\n", "77"},
         {"other columns first", "Path Inode\n/s 78\n", "78"},
         {"other case, runs of blanks", "  INODE   path \n  79    /s\n", "79"},
         {"the last of two columns of a name", "Inode Path Inode\n1 /s 80\n", "80"},
-        {"the first of two rows of a path", "Inode Path\n81 /s\n82 /s\n", "81"},
+        {"all rows of a path, in their order", "Inode Path\n0 /s\n7 /t\n82 /s\n6\n81 /s\n", "0 82 81"},
         {"no line end at the end", "Inode Path\n83 /s", "83"},
         {"octal and hexadecimal", "Inode Path\n0x10 /s\n", "16"},
         {"an inode that is no number", "Inode Path\nx /s\n", "0"},
@@ -90,18 +84,8 @@ TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
         {"a row longer than a line may be", "Inode Path\n91 /" + std::string(1500, 'x') + "\n92 /s\n", "92"},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(inode_of("/s", row.table), row.inode) << row.what;
-    EXPECT_EQ(inode_of("", head + "0000: 2 0 10000 1 01 77\n"), "none") << "no path is no path";
+        EXPECT_EQ(inodes_of("/s", row.table), row.inodes) << row.what;
     EXPECT_EQ(said(), "");
-}
-
-TEST_F(ProcSnapshots, AllRowsOfAPathAreFoundInTheirOrder)
-{
-    const std::string table = "Inode Path\n0 /s\n7 /t\n5 /s\n6\n9 /s\n";
-    const char* const inodes[] = {"0", "5", "9", "none", "none"};
-    for (std::size_t nth = 0; nth < std::size(inodes); ++nth)
-        EXPECT_EQ(inode_of("/s", table, nth), inodes[nth]) << nth;
-    EXPECT_EQ(inode_of("/u", table, 1), "none");
 }
 
 TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
@@ -119,22 +103,10 @@ TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
     };
     std::string all;
     for (const auto& [table, complaint] : rows) {
-        EXPECT_EQ(inode_of("/s", table), "none") << table;
+        EXPECT_EQ(inodes_of("/s", table), "none") << table;
         all += complaint;
         EXPECT_EQ(said(), all) << table;
     }
-}
-
-TEST_F(ProcSnapshots, TablesThatAreNotThereAreEmpty)
-{
-    ProcNetUnixSnapshot sockets;
-    sockets.take((m_directory / "none").c_str());
-    ProcNetUnixEntry row;
-    EXPECT_FALSE(sockets.lookup_sock_path(row, "/s"));
-    ProcfsFileHandleSnapshot processes;
-    processes.take((m_directory / "none").c_str());
-    EXPECT_EQ(holder(processes, 1), "none");
-    EXPECT_EQ(said(), "");
 }
 
 TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
@@ -143,7 +115,7 @@ TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
         {"10/fd/4", "socket:[100]"}, {"11/fd/3", "socket:[200]"}, {"12/fd/5", "socket:[300]x"},
         {"12/fd/6", "socket:[]"}, {"12/fd/7", "socket:[400"}, {"12/fd/8", "xsocket:[400]"},
         {"12/fd/9x", "socket:[500]"}, {"13x/fd/3", "socket:[500]"}, {"0/fd/3", "socket:[500]"},
-        {"self/fd/3", "socket:[500]"}};
+        {"self/fd/3", "socket:[500]"}, {"8/fd/0", "socket:[600]"}, {"8/fd/1", "socket:[600]"}};
     for (const auto& [name, target] : descriptors) {
         fs::create_directories(fs::path(m_directory / name).parent_path());
         fs::create_symlink(target, m_directory / name);
@@ -152,16 +124,24 @@ TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
     m_directory.file("15", "no directory");
     m_directory.file("11/fd/9", "no link");
 
-    ProcfsFileHandleSnapshot processes;
-    processes.take((m_directory / "").c_str());
-    const std::pair<unsigned int, const char*> rows[] = {
-        {100, "10:4"}, {200, "11:3"}, {300, "12:5"}, {400, "none"}, {500, "none"}, {0, "none"}};
-    for (const auto& [inode, expected] : rows)
-        EXPECT_EQ(holder(processes, inode), expected) << inode;
+    const std::string proc = m_directory / "";
+    const std::pair<unsigned int, pid_t> rows[] = {
+        {100, 10}, {200, 11}, {300, 12}, {400, 0}, {500, 0}, {600, 8}};
+    std::vector<SoughtSocket> all;
+    for (const auto& [inode, pid] : rows) {
+        all.insert(all.end(), 2, {inode, true});
+        EXPECT_EQ(pid != 0, holds_socket(proc.c_str(), pid != 0 ? pid : 12, inode)) << inode;
+    }
+    find_holders(proc.c_str(), all);
+    for (std::size_t i = 0; i < all.size(); ++i)
+        EXPECT_EQ(all[i].holder, rows[i / 2].second) << all[i].inode;
+    EXPECT_FALSE(holds_socket(proc.c_str(), 9, 200));
 
-    fs::remove_all(m_directory / "10");
-    processes.take((m_directory / "").c_str());
-    EXPECT_EQ(holder(processes, 100), "9:3") << "a second look forgets the first";
+    std::vector<SoughtSocket> some{{100, false}, {200, true}, {600, false}};
+    find_holders(proc.c_str(), some);
+    EXPECT_EQ(some[1].holder, 11);
+    EXPECT_EQ(some[2].holder, 0) << "what doesn't decide is not looked for any longer";
+    find_holders((m_directory / "none").c_str(), some);
 }
 
 }  // namespace
