@@ -1,6 +1,8 @@
 #include "control/list_items.hpp"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 #include <sys/stat.h>
 
@@ -70,9 +72,8 @@ void set_transient(InfoList& list, const std::string& key, std::string value)
     item.marker = '*';
 }
 
-void add_process_state(InfoList& list, const std::string& name)
+void add_process_state(InfoList& list, pid_t pid)
 {
-    const pid_t pid = running_processes({name}).front();
     set_status(list, "running", pid != 0 ? "1" : "0", "Media item running status");
     static constexpr char UPTIME[] = "Length of time the media item has been running";
     if (pid == 0) {
@@ -148,7 +149,7 @@ void add_lowest_level_types(InfoList& list)
     }
 }
 
-void gather(InfoList& list, const std::string& name, std::shared_ptr<EmitJson>& emitter)
+void gather(InfoList& list, const std::string& name, pid_t pid, std::shared_ptr<EmitJson>& emitter)
 {
     infolist_load(list, name);
     std::string driver;
@@ -160,7 +161,7 @@ void gather(InfoList& list, const std::string& name, std::shared_ptr<EmitJson>& 
         return;
     if (!no_manifest)
         infolist_fill_from_argslist(list, manifest_of(driver));
-    add_process_state(list, name);
+    add_process_state(list, pid);
     add_item_mtime(list);
     add_live_report(list, metadir);
     if (exec_mode == MODE_CHANNELS) {
@@ -195,11 +196,13 @@ int do_list(std::shared_ptr<EmitJson>& emitter)
     // All items are gathered before the first is printed. What is kept of each until then is its text or
     // the emitter's copy, far less than its info list.
     std::string text;
-    for (const std::string& name : itemlist) {
-        if (!is_wanted(name))
-            continue;
+    std::vector<std::string> names;
+    std::copy_if(itemlist.begin(), itemlist.end(), std::back_inserter(names), is_wanted);
+    const std::vector<pid_t> processes = running_processes(names);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const std::string& name = names[i];
         InfoList list;
-        gather(list, name, emitter);
+        gather(list, name, processes[i], emitter);
         if (wants_json)
             emitter->add(std::move(list));
         else
