@@ -17,6 +17,7 @@
 #include "control/items.hpp"
 #include "control/proc_snapshots.hpp"
 #include "control/run_state.hpp"
+#include "control/socket_diagnosis.hpp"
 #include "platform/metadata.hpp"
 
 namespace {
@@ -28,12 +29,14 @@ constexpr int START_TIME_FIELD = 22;  // of a process's status line, counted fro
 
 // The socket of an item: what is there, and who was found to serve it.
 struct ItemSocket {
-    struct stat entry;
+    FileNumbers file;
+    bool is_looked_within = false;
     RunningDriver driver{};
 };
+using ItemSockets = std::map<std::string, ItemSocket, std::less<>>;
 
 // What the first test of a run finds holds to its end, by the paths of the sockets.
-std::map<std::string, ItemSocket, std::less<>> item_sockets;
+ItemSockets item_sockets;
 bool have_snapshot = false;
 
 std::uint64_t kernel_uptime = 0;        // in clock ticks
@@ -72,6 +75,20 @@ std::string find_socket(const std::string& item, bool complains, struct stat& en
     return found ? socket : std::string();
 }
 
+// Whether the kernel says that the socket is bound at the item's entry, and not only a row that anybody may
+// have forged.
+bool is_confirmed(unsigned int inode, const std::vector<BoundSocket>& bound, ItemSockets::value_type& item)
+{
+    const auto found = std::lower_bound(bound.begin(), bound.end(), inode,
+        [](const BoundSocket& each, unsigned int wanted) { return each.inode < wanted; });
+    if (found == bound.end() || found->inode != inode)
+        return false;
+    auto& [path, socket] = item;
+    if (found->file != socket.file && !std::exchange(socket.is_looked_within, true))
+        look_within(path, socket.file);
+    return found->file == socket.file;
+}
+
 // One look at the processes, for the sockets whose driver isn't known yet.
 //
 // The kernel gives the listener's path to its connections too, and may write their rows first: those that
@@ -79,20 +96,23 @@ std::string find_socket(const std::string& item, bool complains, struct stat& en
 // for. So a row that nobody holds says nothing as long as there is another.
 void find_drivers(const ProcNetUnixSnapshot& table)
 {
-    std::vector<ItemSocket*> sockets;
-    std::vector<SoughtSocket> rows;
-    std::set<const ItemSocket*> with_rows;
+    std::vector<std::pair<ItemSockets::iterator, unsigned int>> rows;
     table.for_each([&](std::string_view path, unsigned int inode) {
-        const auto found = inode != 0 ? item_sockets.find(path) : item_sockets.end();
-        if (found == item_sockets.end() || found->second.driver.pid != 0)
-            return;
-        rows.push_back({inode, with_rows.insert(&found->second).second});
-        sockets.push_back(&found->second);
+        const auto item = inode != 0 ? item_sockets.find(path) : item_sockets.end();
+        if (item != item_sockets.end() && item->second.driver.pid == 0)
+            rows.emplace_back(item, inode);
     });
-    find_holders(PROC_PATH.c_str(), rows);
+    const auto bound = rows.empty() ? std::nullopt : bound_sockets();
+    if (bound)
+        std::erase_if(rows, [&](const auto& row) { return !is_confirmed(row.second, *bound, *row.first); });
+    std::vector<SoughtSocket> sought;
+    std::set<const ItemSocket*> with_rows;
+    for (const auto& [item, inode] : rows)
+        sought.push_back({inode, with_rows.insert(&item->second).second});
+    find_holders(PROC_PATH.c_str(), sought);
     for (std::size_t i = 0; i < rows.size(); ++i)
-        if (rows[i].holder != 0 && sockets[i]->driver.pid == 0)
-            sockets[i]->driver = {rows[i].holder, rows[i].inode};
+        if (RunningDriver& driver = rows[i].first->second.driver; driver.pid == 0 && sought[i].holder != 0)
+            driver = {sought[i].holder, sought[i].inode};
 }
 
 // The kernel hands the table out in pieces and skips rows while sockets close between two of them. So a
@@ -100,15 +120,22 @@ void find_drivers(const ProcNetUnixSnapshot& table)
 void take_snapshots(ProcNetUnixSnapshot& table)
 {
     find_drivers(table);
-    const bool is_complete = std::none_of(item_sockets.begin(), item_sockets.end(),
-        [](const auto& socket) { return socket.second.driver.pid == 0; });
+    bool is_complete = true;
+    for (auto& [path, socket] : item_sockets) {
+        struct stat entry {};
+        if (socket.driver.pid == 0 && ::lstat(path.c_str(), &entry) == 0) {
+            is_complete = false;
+            socket = {numbers_of(entry)};
+        }
+    }
     if (is_complete || !table.is_readable())
         return;
     table.take(OPEN_AF_UNIX_SOCKETS.c_str());
     find_drivers(table);
 }
 
-// The drivers of the items that are asked for, all decided at one moment with those of the others.
+// The drivers of the items that are asked for. The first call finds them, and those of the others, and all
+// later ones judge by that.
 std::vector<RunningDriver> drivers_of(
     const std::vector<std::string>& asked, const std::vector<std::string>& others)
 {
@@ -121,12 +148,12 @@ std::vector<RunningDriver> drivers_of(
     for (const std::string& item : asked) {
         sockets.push_back(find_socket(item, true, entry));
         if (is_first && !sockets.back().empty())
-            item_sockets[sockets.back()] = {entry};
+            item_sockets[sockets.back()] = {numbers_of(entry)};
     }
     if (is_first) {
         for (const std::string& item : others)
             if (const std::string socket = find_socket(item, false, entry); !socket.empty())
-                item_sockets[socket] = {entry};
+                item_sockets[socket] = {numbers_of(entry)};
         take_snapshots(table);
     }
     std::vector<RunningDriver> drivers;

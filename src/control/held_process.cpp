@@ -1,0 +1,47 @@
+#include "control/held_process.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <poll.h>
+#include <sys/pidfd.h>
+
+#include "platform/time.hpp"
+
+namespace {
+
+constexpr std::uint64_t POLL_INTERVAL_MS = 100;
+
+}  // namespace
+
+HeldProcess::HeldProcess(pid_t pid) : m_pid(pid), m_handle(::pidfd_open(pid, 0))
+{
+    if (!m_handle && errno == ESRCH)
+        m_pid = 0;
+}
+
+int HeldProcess::signal(int number) const
+{
+    if (m_handle)
+        return ::pidfd_send_signal(m_handle.get(), number, nullptr, 0);
+    if (m_pid > 0)
+        return ::kill(m_pid, number);
+    errno = ESRCH;
+    return -1;
+}
+
+bool HeldProcess::ends_by(std::uint64_t deadline_us) const
+{
+    while (signal(0) == 0) {
+        const std::uint64_t now_us = monotonic_clock_us();
+        if (deadline_us != 0 && now_us >= deadline_us)
+            return false;
+        const std::uint64_t left_ms =
+            deadline_us != 0 ? (deadline_us - now_us + 999) / 1000 : POLL_INTERVAL_MS;
+        // The handle tells of the end at once, also of one that nobody has taken note of yet.
+        pollfd end{m_handle.get(), POLLIN, 0};
+        if (::poll(&end, m_handle ? 1 : 0, static_cast<int>(std::min(left_ms, POLL_INTERVAL_MS))) > 0)
+            return true;
+    }
+    return true;
+}
