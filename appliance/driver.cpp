@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::size_t CLIENT_LIMIT = 256;
 constexpr int BACKLOG = 128;
-constexpr useconds_t SHUTDOWN_US = 150000;
 constexpr std::uint64_t NEVER = std::numeric_limits<std::uint64_t>::max();
 
 void wait_until(std::vector<pollfd>& waited, std::uint64_t due_us)
@@ -142,10 +141,9 @@ void Driver::end_if_told()
     const bool timed_out = misbehaviour.exit_after_ms > 0 &&
                            monotonic_clock_us() >= m_state.started_us + misbehaviour.exit_after_ms * 1000;
     m_ended = timed_out || (signalled && !misbehaviour.ignore_sigterm);
-    // A driver has devices to close before it is gone. One that vanished at once would be brought back by a
-    // respawn manager that is just being told to let go of it.
+    // A driver has devices to close before it is gone.
     if (m_ended && !timed_out)
-        ::usleep(SHUTDOWN_US);
+        ::usleep(static_cast<useconds_t>(misbehaviour.shutdown_ms * 1000));
     if (timed_out || misbehaviour.leave_socket)
         m_socket.leave();
 }

@@ -1,6 +1,8 @@
 #include "item_socket.hpp"
 
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -11,10 +13,33 @@
 namespace {
 
 constexpr char SHORT_PATHS[] = "/run/item-sockets";
+constexpr int LOCK_TRIES = 200;
+constexpr useconds_t LOCK_INTERVAL_US = 10000;
 
 bool remove_entry(const std::string& path)
 {
     return ::unlink(path.c_str()) == 0 || errno == ENOENT;
+}
+
+// Drivers that come up at once look and bind one after the other. The wait is bounded, since anybody who may
+// read the metadir can hold the lock.
+Descriptor lock_for_binding(const std::string& metadir)
+{
+    Descriptor lock(::open(metadir.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    for (int tries = 0; lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 && tries < LOCK_TRIES; ++tries)
+        ::usleep(LOCK_INTERVAL_US);
+    return lock;
+}
+
+// Whether anybody listens there. Only the kernel's refusal says that nobody does: a full backlog, or a socket
+// of another kind, is served as well.
+bool is_served(const std::string& entry)
+{
+    const Descriptor client(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    SocketAddress at;
+    return at.set(entry) &&
+           (::connect(client.get(), reinterpret_cast<const sockaddr*>(&at.address), at.length) == 0 ||
+               (errno != ECONNREFUSED && errno != ENOENT));
 }
 
 bool bind_at(int socket, const std::string& path)
@@ -49,6 +74,11 @@ bool ItemSocket::bind_short(const std::string& entry)
 bool ItemSocket::listen(const std::string& metadir, int backlog)
 {
     const std::string entry = metadir + "/" + ACTIVE_SOCKET_ENTRY;
+    const Descriptor lock = lock_for_binding(metadir);
+    if (is_served(entry)) {
+        errno = EADDRINUSE;
+        return false;
+    }
     m_listener.reset(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     if (!m_listener || !remove_entry(entry))
         return false;

@@ -15,7 +15,7 @@ public:
 
     // Listens at the socket entry of the metadir, in place of what a dead driver has left there. A path
     // that is too long for a socket address becomes a symbolic link to a short one, as the kernel's table
-    // has to show the path whole. False with errno set.
+    // has to show the path whole. An entry that another driver serves is left to it. False with errno set.
     bool listen(const std::string& metadir, int backlog);
 
     int get() const { return m_listener.get(); }

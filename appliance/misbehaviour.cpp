@@ -22,6 +22,7 @@ struct Amount {
     std::uint64_t Misbehaviour::*member;
 };
 constexpr Amount AMOUNTS[] = {
+    {"sim shutdown ms", &Misbehaviour::shutdown_ms},
     {"sim exit after ms", &Misbehaviour::exit_after_ms},
     {"sim answer delay ms", &Misbehaviour::answer_delay_ms},
     {"sim flagged packets", &Misbehaviour::flagged_packets},
@@ -35,5 +36,6 @@ Misbehaviour::Misbehaviour(const ItemSettings& settings) : corrupt(setting_text(
     for (const Switch& each : SWITCHES)
         this->*each.member = setting_text(settings, each.key) == "1";
     for (const Amount& each : AMOUNTS)
-        this->*each.member = setting_number(settings, each.key);
+        if (!setting_text(settings, each.key).empty())
+            this->*each.member = setting_number(settings, each.key);
 }

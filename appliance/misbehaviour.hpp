@@ -14,6 +14,7 @@ struct Misbehaviour {
     bool no_accept = false;  // takes no connection, and its backlog is as short as can be
     bool ignore_sigterm = false;
     bool leave_socket = false;        // SIGTERM ends it, and the socket file stays
+    std::uint64_t shutdown_ms = 150;  // what SIGTERM leaves to be done takes so long
     std::uint64_t exit_after_ms = 0;  // ends by itself, and the socket file stays; 0: never
 
     // On any request.
