@@ -1,10 +1,23 @@
 #include "control/child_process.hpp"
 
+#include <cerrno>
+#include <cstring>
 #include <fcntl.h>
+#include <grp.h>
 #include <linux/close_range.h>
 #include <unistd.h>
 
 #include "control/run_state.hpp"
+
+namespace {
+
+[[noreturn]] void end_child(const char* call)
+{
+    std::fprintf(stderr_write, "%s() failed, %s\n", call, std::strerror(errno));
+    ::_exit(1);
+}
+
+}  // namespace
 
 void execute(const Arguments& arguments)
 {
@@ -35,13 +48,26 @@ void keep_standard_descriptors_only()
     ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
 }
 
-bool fork_quietly(const Arguments& arguments)
+// Groups go first, while the process may still change them.
+void become_owner(const struct stat& file)
+{
+    if (::geteuid() == 0 && file.st_uid != ::getuid() && ::setgroups(0, nullptr) != 0)
+        end_child("setgroups");
+    if (::setgid(file.st_gid) != 0)
+        end_child("setgid");
+    if (::setuid(file.st_uid) != 0)
+        end_child("setuid");
+}
+
+bool fork_quietly(const Arguments& arguments, const struct stat* owned)
 {
     const pid_t child = fork_or_complain();
     if (child == 0) {
         const int null = open_null();
         for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
             make_standard(null, standard);
+        if (owned)
+            become_owner(*owned);
         keep_standard_descriptors_only();
         execute(arguments);
     }

@@ -4,9 +4,12 @@
 #include <cerrno>
 #include <csignal>
 #include <poll.h>
-#include <sys/pidfd.h>
 
 #include "platform/time.hpp"
+
+extern "C" {
+#include <sys/pidfd.h>  // says nothing of C++ in some versions of the C library
+}
 
 namespace {
 

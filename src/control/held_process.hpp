@@ -14,6 +14,8 @@ public:
     // Takes hold of the process. Where the kernel can't, its id alone has to do.
     explicit HeldProcess(pid_t pid);
 
+    explicit operator bool() const { return m_pid > 0; }
+
     // kill(2): 0, or -1 with errno set.
     int signal(int number) const;
 

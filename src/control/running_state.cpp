@@ -202,6 +202,11 @@ RunningDriver running_driver(const std::string& item)
     return drivers_of({item}, itemlist).front();
 }
 
+bool still_serves(const RunningDriver& driver)
+{
+    return driver.pid != 0 && holds_socket(PROC_PATH.c_str(), driver.pid, driver.socket);
+}
+
 int is_item_running(const std::string& item, pid_t* pid)
 {
     const RunningDriver driver = running_driver(item);

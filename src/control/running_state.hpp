@@ -16,6 +16,9 @@ struct RunningDriver {
 };
 RunningDriver running_driver(const std::string& item);
 
+// Whether the process still holds that socket: asked anew each time.
+bool still_serves(const RunningDriver& driver);
+
 // 1 when the item runs, else 0. `pid` may be null; otherwise it gets the driver's process id, or 0. The
 // first call of a run takes the tables of sockets and processes, and all later calls judge by them.
 int is_item_running(const std::string& item, pid_t* pid);

@@ -1,14 +1,11 @@
 #include "control/start_item.hpp"
 
 #include <cassert>
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <grp.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "control/debug_output.hpp"
 #include "control/items.hpp"
 #include "control/output_driver.hpp"
 #include "control/run_state.hpp"
@@ -16,8 +13,6 @@
 #include "control/supervision.hpp"
 
 namespace {
-
-constexpr char DEBUG_DIRECTORY[] = "/mnt/main/tv/debug";
 
 std::string driver_program(const std::string& driver)
 {
@@ -31,28 +26,14 @@ std::string driver_program(const std::string& driver)
     std::abort();
 }
 
-// Routers write theirs under the inputs' prefix.
-std::string debug_output_path(const std::string& driver, const std::string& item)
-{
-    const std::string directory = std::string(DEBUG_DIRECTORY) + "/";
-    switch (exec_mode) {
-    case MODE_CHANNELS: return directory + item;
-    case MODE_OUTPUTS: return directory + "output." + driver + "." + item;
-    case MODE_INPUTS:
-    case MODE_ROUTERS: return directory + "input." + driver + "." + item;
-    case MODE_UNKNOWN: break;
-    }
-    std::abort();
-}
-
 // Gives the child its standard descriptors. From the end of this on, what it says goes to the debug file
 // or to nowhere.
-void redirect_streams(const std::string& debug_path)
+void redirect_streams(const std::string& debug_path, const struct stat& settings)
 {
     Descriptor output(open_null());
     make_standard(output.get(), STDIN_FILENO);
     if (debug_logging) {
-        output.reset(::open(debug_path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644));
+        output = open_debug_output(debug_path, settings);
         if (!output) {
             std::fprintf(stderr_write, "Warning: I was unable to open debug output %s\n", debug_path.c_str());
             output.reset(open_null());
@@ -60,24 +41,6 @@ void redirect_streams(const std::string& debug_path)
     }
     make_standard(output.get(), STDOUT_FILENO);
     make_standard(output.get(), STDERR_FILENO);
-}
-
-[[noreturn]] void end_child(const char* call)
-{
-    std::fprintf(stderr_write, "%s() failed, %s\n", call, std::strerror(errno));
-    ::_exit(1);
-}
-
-// The settings file's owner decides under whom a driver runs. Groups go first, while the process may
-// still change them.
-void become_owner(const struct stat& settings)
-{
-    if (::geteuid() == 0 && settings.st_uid != ::getuid() && ::setgroups(0, nullptr) != 0)
-        end_child("setgroups");
-    if (::setgid(settings.st_gid) != 0)
-        end_child("setgid");
-    if (::setuid(settings.st_uid) != 0)
-        end_child("setuid");
 }
 
 [[noreturn]] void run_driver(
@@ -89,7 +52,7 @@ void become_owner(const struct stat& settings)
         ::_exit(1);
     }
     ::setsid();
-    redirect_streams(debug_path);
+    redirect_streams(debug_path, settings);
     become_owner(settings);
     keep_standard_descriptors_only();
     execute(arguments);
@@ -104,7 +67,7 @@ int start_driver(const std::string& driver, const std::string& item)
     const std::string file_path = settings_path(item);
     const std::string debug_path = debug_output_path(driver, item);
     if (debug_logging)
-        ::mkdir(DEBUG_DIRECTORY, 0755);
+        make_debug_directory();
 
     const Arguments driver_process{"/usr/bin/" + driver_program(driver), "--file", file_path};
     const pid_t child = fork_or_complain();

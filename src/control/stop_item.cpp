@@ -3,8 +3,12 @@
 #include <cerrno>
 #include <csignal>
 #include <cstring>
+#include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
+#include "control/held_process.hpp"
+#include "control/items.hpp"
 #include "control/output_driver.hpp"
 #include "control/run_state.hpp"
 #include "control/running_state.hpp"
@@ -13,7 +17,7 @@
 
 namespace {
 
-constexpr useconds_t POLL_INTERVAL_US = 100000;
+constexpr std::uint64_t SUPERVISOR_LIMIT_US = 500000;
 
 // The mirror of the filter of a start: what conflicts with X11 going up or down is stopped.
 bool passes_x11_filter(const std::string& driver)
@@ -23,31 +27,50 @@ bool passes_x11_filter(const std::string& driver)
     return x11_conflict_resolution == 0 ? is_x11_output(driver) : is_console_output(driver);
 }
 
-// Whether the process ended within the item's time.
-bool wait_for_end(pid_t pid)
+// The driver is held first and looked at then: its id may have been taken again since it was found.
+HeldProcess hold(const RunningDriver& driver)
 {
-    reset_timeout();
-    while (::kill(pid, 0) == 0) {
-        if (per_item_timeout > 0 && monotonic_clock_us() >= next_timeout)
-            return false;
-        ::usleep(POLL_INTERVAL_US);
-    }
-    return true;
+    HeldProcess process = driver.pid != 0 ? HeldProcess(driver.pid) : HeldProcess();
+    return still_serves(driver) ? std::move(process) : HeldProcess();
 }
 
-int end_driver(pid_t pid, const std::string& driver)
+// Has the manager let go of the driver, as its owner, under whom it was started, and of the watchdog. False
+// when a fork failed.
+bool release(const std::string& item)
 {
-    if (::kill(pid, 0) != 0) {
-        std::fprintf(stderr_write, "Driver not running %s, %s\n", driver.c_str(), std::strerror(errno));
-        return 0;
-    }
-    if (::kill(pid, SIGTERM) != 0) {
+    struct stat settings {};
+    const bool has_owner = ::geteuid() == 0 && ::lstat(settings_path(item).c_str(), &settings) == 0;
+    return fork_quietly(release_supervision(driver_name_switch(item)), has_owner ? &settings : nullptr) &&
+           fork_quietly(release_supervision(watchdog_name_switch(item)));
+}
+
+int end_driver(const HeldProcess& process, const std::string& driver)
+{
+    if (process.signal(SIGTERM) != 0) {
         std::fprintf(stderr_write, "Unable to stop driver %s, %s\n", driver.c_str(), std::strerror(errno));
         return 1;
     }
-    if (!wait_for_end(pid) && kill_timeout_enable)
-        ::kill(pid, SIGKILL);
+    reset_timeout();
+    if (!process.ends_by(next_timeout) && kill_timeout_enable)
+        process.signal(SIGKILL);
     return 0;
+}
+
+// The manager hands the signal on to the driver when it hears that it is to let go, and ends when the driver
+// has. If the driver ended before it has heard, it would bring the driver back; and while it is there, nobody
+// can start the item under its name.
+int end_supervised_driver(
+    const HeldProcess& process, const Supervisors& supervisors, const std::string& driver)
+{
+    const std::uint64_t heard_by = monotonic_clock_us() + SUPERVISOR_LIMIT_US;
+    for (const HeldProcess* supervisor : {&supervisors.driver, &supervisors.watchdog})
+        if (!supervisor->ends_by(heard_by))
+            supervisor->signal(SIGTERM);
+    const int result = process.signal(0) == 0 ? end_driver(process, driver) : 0;
+    const std::uint64_t gone_by = monotonic_clock_us() + SUPERVISOR_LIMIT_US;
+    for (const HeldProcess* supervisor : {&supervisors.driver, &supervisors.watchdog})
+        supervisor->ends_by(gone_by);
+    return result;
 }
 
 }  // namespace
@@ -59,16 +82,21 @@ int do_stop_item(const std::string& item)
         return 1;
     if (!passes_x11_filter(driver))
         return 0;
-    // The manager first, so that it doesn't bring back the driver that ends next.
-    if (!stop_only_item && !(fork_quietly(release_supervision(driver_name_switch(item))) &&
-                               fork_quietly(release_supervision(watchdog_name_switch(item)))))
+    const RunningDriver running = running_driver(item);
+    const HeldProcess process = hold(running);
+    const int refusal = process.signal(0) != 0 ? errno : 0;
+    const Supervisors supervisors = stop_only_item ? Supervisors() : supervisors_of(item, running.pid);
+    if (!stop_only_item && !release(item))
         return -1;
-    pid_t pid = 0;
-    if (is_item_running(item, &pid) == 0 && !force)
-        return 0;
-    if (pid == 0 || pid == -1) {
-        std::fprintf(stderr_write, "Did not identify PID of the driver\n");
+    if (running.pid == 0) {
+        if (force)
+            std::fprintf(stderr_write, "Did not identify PID of the driver\n");
         return 0;
     }
-    return end_driver(pid, driver);
+    if (refusal != 0) {
+        std::fprintf(stderr_write, "Driver not running %s, %s\n", driver.c_str(), std::strerror(refusal));
+        return 0;
+    }
+    return supervisors.driver ? end_supervised_driver(process, supervisors, driver)
+                              : end_driver(process, driver);
 }

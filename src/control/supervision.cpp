@@ -1,6 +1,10 @@
 #include "control/supervision.hpp"
 
+#include <algorithm>
 #include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
 
 #include "control/run_state.hpp"
 
@@ -34,6 +38,39 @@ std::string safe_name(const std::string& item)
     return safe;
 }
 
+// The first bytes of a file under /proc.
+std::string read_start(pid_t process, const char* file, std::size_t size)
+{
+    const Descriptor opened(
+        ::open(("/proc/" + std::to_string(process) + file).c_str(), O_RDONLY | O_CLOEXEC));
+    std::string start(size, '\0');
+    const ssize_t got = opened ? ::read(opened.get(), start.data(), size) : -1;
+    start.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    return start;
+}
+
+// 0 when there is no such process.
+pid_t parent_of(pid_t process)
+{
+    // "id (name) state parent ...", and the name may hold anything.
+    const std::string status = read_start(process, "/stat", 256);
+    const std::size_t name_end = status.rfind(") ");
+    return name_end != std::string::npos ? std::atoi(status.substr(name_end + 2).c_str() + 1) : 0;
+}
+
+// The process, if it is the manager's under that name; else none.
+HeldProcess hold_supervisor(pid_t process, const std::string& name_switch)
+{
+    if (process <= 0)
+        return {};
+    std::string command_line;
+    for (const std::string& argument : supervise(name_switch, {}))
+        command_line += argument + '\0';
+    HeldProcess held(process);
+    return read_start(process, "/cmdline", command_line.size()) == command_line ? std::move(held)
+                                                                                : HeldProcess();
+}
+
 }  // namespace
 
 std::string driver_name_switch(const std::string& item)
@@ -56,4 +93,16 @@ Arguments supervise(const std::string& name_switch, const Arguments& process)
 Arguments release_supervision(const std::string& name_switch)
 {
     return {DAEMON, "--noconfig", name_switch, "--stop"};
+}
+
+Supervisors supervisors_of(const std::string& item, pid_t driver)
+{
+    Supervisors supervisors;
+    supervisors.driver = hold_supervisor(parent_of(driver), driver_name_switch(item));
+    if (!supervisors.driver)
+        return supervisors;
+    const Directory proc(::opendir("/proc"));
+    while (const dirent* entry = proc && !supervisors.watchdog ? ::readdir(proc.get()) : nullptr)
+        supervisors.watchdog = hold_supervisor(std::atoi(entry->d_name), watchdog_name_switch(item));
+    return supervisors;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "control/child_process.hpp"
+#include "control/held_process.hpp"
 
 // The name switches of an item's driver and of its watchdog. Starting and stopping must agree on them.
 std::string driver_name_switch(const std::string& item);
@@ -13,3 +14,10 @@ std::string watchdog_name_switch(const std::string& item);
 // Put the process under supervision; let go of it.
 Arguments supervise(const std::string& name_switch, const Arguments& process);
 Arguments release_supervision(const std::string& name_switch);
+
+// The manager's processes that watch over an item's driver and over its watchdog.
+struct Supervisors {
+    HeldProcess driver;  // none when nobody watches over the driver, and the other isn't looked for then
+    HeldProcess watchdog;
+};
+Supervisors supervisors_of(const std::string& item, pid_t driver);
