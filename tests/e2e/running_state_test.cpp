@@ -1,5 +1,8 @@
 // Whether an item runs, and as which process: what "status" and "list" make of what is in the metadir and of
 // what the kernel shows.
+#include <cstddef>
+#include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include "e2e/sandbox_testing.hpp"
@@ -16,6 +19,21 @@ Descriptor listen_at(const std::string& path)
     Descriptor listener = socket_at(path);
     EXPECT_EQ(::listen(listener.get(), 8), 0);
     return listener;
+}
+
+// A socket of an own name, behind whose line feed stands a row that gives the one socket the other's path.
+Descriptor forge_row(const Descriptor& socket, const std::string& path)
+{
+    struct stat state {};
+    EXPECT_EQ(::fstat(socket.get(), &state), 0);
+    Descriptor forger(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    sockaddr_un at{AF_UNIX, {}};
+    const std::string name = "\n0 2 0 0 5 1 " + std::to_string(state.st_ino) + " " + path;
+    name.copy(at.sun_path + 1, sizeof at.sun_path - 1);
+    const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
+    EXPECT_EQ(::bind(forger.get(), reinterpret_cast<const sockaddr*>(&at), length), 0);
+    EXPECT_NE(read_file("/proc/net/unix").find(name + "\n"), std::string::npos);
+    return forger;
 }
 
 class RunningState : public Appliance {
@@ -40,6 +58,7 @@ TEST_F(RunningState, OnlyALiveSocketInItsPlaceMakesAnItemRun)
     const Descriptor blank = listen_at("/run/live socket");
     const Descriptor moved = listen_at("/run/moved.socket");
     listen_at("/run/dead.socket");
+    const Descriptor forger = forge_row(live, ENTRY);
     write_file("/run/file", "");
     const struct {
         const char* what;
@@ -80,6 +99,20 @@ TEST_F(RunningState, ADriverThatTakesNoConnectionsStillRuns)
         EXPECT_EQ(pid_of("zelm_outctl", "main"), ::getpid()) << waiting;
         expect(true, "with connections that wait");
     }
+}
+
+TEST_F(RunningState, ADriverOnALayeredFileSystemRuns)
+{
+    // There a file has other numbers for programs than for the kernel.
+    output_of("mkdir -p /run/upper /run/work");
+    const Mount layers(
+        "-t overlay overlay -o xino=off,lowerdir=/usr/share,upperdir=/run/upper,workdir=/run/work", OUTPUTS);
+    if (!layers)
+        GTEST_SKIP() << "there are no layers here";
+    write_file(OUTPUTS + "main", "driver=x11\n");
+    start("zelm_outctl", "main");
+    expect(true, "on a layer");
+    output_of("zelm_outctl -c stop -o main");
 }
 
 TEST_F(RunningState, AnotherUsersDriverCountsAsStopped)

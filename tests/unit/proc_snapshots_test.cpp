@@ -2,53 +2,30 @@
 // be understood must leave items stopped, never take the wrong process for a driver.
 #include "control/proc_snapshots.hpp"
 
-#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 
-#include "control/run_state.hpp"
 #include "unit/temporary_directory.hpp"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-class ProcSnapshots : public testing::Test {
-protected:
-    void SetUp() override { stderr_write = ::open_memstream(&m_said, &m_said_size); }
-
-    void TearDown() override
-    {
-        std::fclose(stderr_write);
-        stderr_write = stderr;
-        std::free(m_said);
-    }
-
-    std::string said()
-    {
-        std::fflush(stderr_write);
-        return m_said;
-    }
-
-    // What a table of this text tells of a path: the inodes of its rows, or "none".
-    std::string inodes_of(const std::string& path, const std::string& table)
-    {
-        ProcNetUnixSnapshot snapshot;
-        snapshot.take(m_directory.file("unix", table).c_str());
-        std::string inodes;
-        snapshot.for_each([&](std::string_view of, unsigned int inode) {
-            if (of == path)
-                inodes += (inodes.empty() ? "" : " ") + std::to_string(inode);
-        });
-        return inodes.empty() ? "none" : inodes;
-    }
-
-    TemporaryDirectory m_directory;
-
-private:
-    char* m_said = nullptr;
-    std::size_t m_said_size = 0;
-};
+// What a table of this text tells of the path "/s": the inodes of its rows, each with a blank behind it, and
+// what is said of its header.
+std::string inodes_in(const std::string& table)
+{
+    const TemporaryDirectory directory;
+    ProcNetUnixSnapshot snapshot;
+    std::string inodes;
+    testing::internal::CaptureStderr();
+    snapshot.take(directory.file("unix", table).c_str());
+    snapshot.for_each([&](std::string_view path, unsigned int inode) {
+        if (path == "/s")
+            inodes += std::to_string(inode) + " ";
+    });
+    return inodes + testing::internal::GetCapturedStderr();
+}
 
 // So many columns named c.
 std::string columns(int count)
@@ -59,7 +36,7 @@ std::string columns(int count)
     return text;
 }
 
-TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
+TEST(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
 {
     const std::string head = "Num RefCount Protocol Flags Type St Inode Path\n";
     const struct {
@@ -67,28 +44,27 @@ TEST_F(ProcSnapshots, SocketsAreFoundWhateverTheTableLooksLike)
         std::string table;
         const char* inodes;
     } rows[] = {
-        {"as the kernel writes it", head + "0000: 2 0 10000 1 01   77 /s\n", "77"},
-        {"other columns first", "Path Inode\n/s 78\n", "78"},
-        {"other case, runs of blanks", "  INODE   path \n  79    /s\n", "79"},
-        {"the last of two columns of a name", "Inode Path Inode\n1 /s 80\n", "80"},
-        {"all rows of a path, in their order", "Inode Path\n0 /s\n7 /t\n82 /s\n6\n81 /s\n", "0 82 81"},
-        {"no line end at the end", "Inode Path\n83 /s", "83"},
-        {"octal and hexadecimal", "Inode Path\n0x10 /s\n", "16"},
-        {"an inode that is no number", "Inode Path\nx /s\n", "0"},
-        {"rows without a path, or with nothing", "Inode Path\n5\n\n84 /s\n", "84"},
-        {"a path that only begins with the one", "Inode Path\n85 /s2\n86 /s/\n", "none"},
-        {"a path with a blank keeps its first word", "Inode Path\n87 /s and more\n", "87"},
-        {"the last field that a row may have", columns(61) + "Inode Path\n" + columns(61) + "88 /s\n", "88"},
-        {"a path behind that", columns(62) + "Inode Path\n" + columns(62) + "89 /s\n", "none"},
-        {"an inode behind that", "Path " + columns(62) + "Inode\n/s " + columns(62) + "90\n", "none"},
-        {"a row longer than a line may be", "Inode Path\n91 /" + std::string(1500, 'x') + "\n92 /s\n", "92"},
+        {"as the kernel writes it", head + "0000: 2 0 10000 1 01   77 /s\n", "77 "},
+        {"other columns first", "Path Inode\n/s 78\n", "78 "},
+        {"other case, runs of blanks", "  INODE   path \n  79    /s\n", "79 "},
+        {"the last of two columns of a name", "Inode Path Inode\n1 /s 80\n", "80 "},
+        {"all rows of a path, in their order", "Inode Path\n0 /s\n7 /t\n82 /s\n6\n81 /s\n", "0 82 81 "},
+        {"no line end at the end", "Inode Path\n83 /s", "83 "},
+        {"octal and hexadecimal", "Inode Path\n0x10 /s\n", "16 "},
+        {"an inode that is no number", "Inode Path\nx /s\n", "0 "},
+        {"rows without a path, or with nothing", "Inode Path\n5\n\n84 /s\n", "84 "},
+        {"a path that only begins with the one", "Inode Path\n85 /s2\n86 /s/\n", ""},
+        {"a path with a blank keeps its first word", "Inode Path\n87 /s and more\n", "87 "},
+        {"the last field that a row may have", columns(61) + "Inode Path\n" + columns(61) + "88 /s\n", "88 "},
+        {"a path behind that", columns(62) + "Inode Path\n" + columns(62) + "89 /s\n", ""},
+        {"an inode behind that", "Path " + columns(62) + "Inode\n/s " + columns(62) + "90\n", ""},
+        {"a row longer than a line may be", "Inode Path\n91 /" + std::string(1500, 'x') + "\n92 /s\n", "92 "},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(inodes_of("/s", row.table), row.inodes) << row.what;
-    EXPECT_EQ(said(), "");
+        EXPECT_EQ(inodes_in(row.table), row.inodes) << row.what;
 }
 
-TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
+TEST(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
 {
     constexpr char COMPLAINT[] =
         "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n"
@@ -101,30 +77,27 @@ TEST_F(ProcSnapshots, AHeaderThatLacksAColumnIsComplainedOf)
         {columns(64) + "Inode Path\n1 /s\n", "procnetunixsnapshot: columns out of range.\n"},
         {"Inode " + columns(63) + "Path\n1 /s\n", "procnetunixsnapshot: columns out of range.\n"},
     };
-    std::string all;
-    for (const auto& [table, complaint] : rows) {
-        EXPECT_EQ(inodes_of("/s", table), "none") << table;
-        all += complaint;
-        EXPECT_EQ(said(), all) << table;
-    }
+    for (const auto& [table, complaint] : rows)
+        EXPECT_EQ(inodes_in(table), complaint) << table;
 }
 
-TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
+TEST(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
 {
     const std::pair<const char*, const char*> descriptors[] = {{"9/fd/3", "socket:[100]"},
         {"10/fd/4", "socket:[100]"}, {"11/fd/3", "socket:[200]"}, {"12/fd/5", "socket:[300]x"},
         {"12/fd/6", "socket:[]"}, {"12/fd/7", "socket:[400"}, {"12/fd/8", "xsocket:[400]"},
         {"12/fd/9x", "socket:[500]"}, {"13x/fd/3", "socket:[500]"}, {"0/fd/3", "socket:[500]"},
         {"self/fd/3", "socket:[500]"}, {"8/fd/0", "socket:[600]"}, {"8/fd/1", "socket:[600]"}};
+    const TemporaryDirectory directory;
     for (const auto& [name, target] : descriptors) {
-        fs::create_directories(fs::path(m_directory / name).parent_path());
-        fs::create_symlink(target, m_directory / name);
+        fs::create_directories(fs::path(directory / name).parent_path());
+        fs::create_symlink(target, directory / name);
     }
-    fs::create_directories(m_directory / "14");
-    m_directory.file("15", "no directory");
-    m_directory.file("11/fd/9", "no link");
+    fs::create_directories(directory / "14");
+    directory.file("15", "no directory");
+    directory.file("11/fd/9", "no link");
 
-    const std::string proc = m_directory / "";
+    const std::string proc = directory / "";
     const std::pair<unsigned int, pid_t> rows[] = {
         {100, 10}, {200, 11}, {300, 12}, {400, 0}, {500, 0}, {600, 8}};
     std::vector<SoughtSocket> all;
@@ -141,7 +114,7 @@ TEST_F(ProcSnapshots, TheHolderOfASocketIsTheHighestProcess)
     find_holders(proc.c_str(), some);
     EXPECT_EQ(some[1].holder, 11);
     EXPECT_EQ(some[2].holder, 0) << "what doesn't decide is not looked for any longer";
-    find_holders((m_directory / "none").c_str(), some);
+    find_holders((directory / "none").c_str(), some);
 }
 
 }  // namespace
