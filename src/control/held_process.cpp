@@ -37,14 +37,15 @@ bool HeldProcess::ends_by(std::uint64_t deadline_us) const
 {
     while (signal(0) == 0) {
         const std::uint64_t now_us = monotonic_clock_us();
-        if (deadline_us != 0 && now_us >= deadline_us)
-            return false;
-        const std::uint64_t left_ms =
-            deadline_us != 0 ? (deadline_us - now_us + 999) / 1000 : POLL_INTERVAL_MS;
+        std::uint64_t wait_ms = POLL_INTERVAL_MS;
+        if (deadline_us != 0)
+            wait_ms = std::min(wait_ms, deadline_us > now_us ? (deadline_us - now_us + 999) / 1000 : 0);
         // The handle tells of the end at once, also of one that nobody has taken note of yet.
         pollfd end{m_handle.get(), POLLIN, 0};
-        if (::poll(&end, m_handle ? 1 : 0, static_cast<int>(std::min(left_ms, POLL_INTERVAL_MS))) > 0)
+        if (::poll(&end, m_handle ? 1 : 0, static_cast<int>(wait_ms)) > 0)
             return true;
+        if (deadline_us != 0 && now_us >= deadline_us)
+            return false;
     }
     return true;
 }

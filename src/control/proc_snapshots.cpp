@@ -206,9 +206,8 @@ void ProcNetUnixSnapshot::for_each(const Row& row) const
 
 void find_holders(const char* proc, std::vector<SoughtSocket>& sought)
 {
-    std::vector<SoughtSocket*> by_inode;
-    for (SoughtSocket& each : sought)
-        by_inode.push_back(&each);
+    std::vector<SoughtSocket*> by_inode(sought.size());
+    std::transform(sought.begin(), sought.end(), by_inode.begin(), [](SoughtSocket& each) { return &each; });
     std::sort(by_inode.begin(), by_inode.end(),
         [](const auto* one, const auto* other) { return one->inode < other->inode; });
     auto undecided =

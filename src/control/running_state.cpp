@@ -106,6 +106,7 @@ void find_drivers(const ProcNetUnixSnapshot& table)
     if (bound)
         std::erase_if(rows, [&](const auto& row) { return !is_confirmed(row.second, *bound, *row.first); });
     std::vector<SoughtSocket> sought;
+    sought.reserve(rows.size());
     std::set<const ItemSocket*> with_rows;
     for (const auto& [item, inode] : rows)
         sought.push_back({inode, with_rows.insert(&item->second).second});

@@ -67,6 +67,8 @@ int end_supervised_driver(
         if (!supervisor->ends_by(heard_by))
             supervisor->signal(SIGTERM);
     const int result = process.signal(0) == 0 ? end_driver(process, driver) : 0;
+    if (!process.ends_by(monotonic_clock_us()) && !kill_timeout_enable)
+        return result;
     const std::uint64_t gone_by = monotonic_clock_us() + SUPERVISOR_LIMIT_US;
     for (const HeldProcess* supervisor : {&supervisors.driver, &supervisors.watchdog})
         supervisor->ends_by(gone_by);
