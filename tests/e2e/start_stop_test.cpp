@@ -305,8 +305,7 @@ TEST_F(StartStop, TheManagerBringsADriverBackUntilItIsStopped)
     pid = comes_back_after(pid);
     EXPECT_TRUE(is_alive(pid)) << "only it was stopped";
     output_of("zelm_outctl -c stop -o 'studio a'");
-    EXPECT_TRUE(eventually([] { return vectors_with("/mnt/main/tv/outputs/studio a").empty(); }))
-        << testing::PrintToString(vectors_with("studio a"));
+    EXPECT_TRUE(eventually([] { return vectors_with("/mnt/main/tv/outputs/studio a").empty(); }));
     EXPECT_EQ(running(), "");
 }
 
@@ -323,14 +322,13 @@ TEST_F(StartStop, AStopStopsAlsoWhenTheManagerIsNotTold)
     };
     write_file(OUTPUTS + "main", "driver=x11\nautorestart=1\nsim shutdown ms=0\n");
     const pid_t old = start("zelm_outctl", "main");
-    EXPECT_TRUE(runs_as(4)) << "driver and watchdog, and who watches over them";
     const Clock::time_point begin = Clock::now();
     output_of("zelm_outctl -c restart -o main");
-    EXPECT_TRUE(runs_as(4)) << testing::PrintToString(vectors_with("outputs/main"));
+    EXPECT_TRUE(runs_as(4)) << "driver and watchdog, and who watches over them";
     EXPECT_FALSE(is_alive(old));
     ASSERT_TRUE(run_eventually("main "));
     output_of("zelm_outctl -c stop -o main");
-    EXPECT_TRUE(runs_as(0)) << testing::PrintToString(vectors_with("outputs/main"));
+    EXPECT_TRUE(runs_as(0));
     EXPECT_LT(seconds_since(begin), 15.0);
 }
 
@@ -461,16 +459,14 @@ TEST_F(StartStop, ADriverThatIgnoresTheSignalIsWaitedForAsLongAsAsked)
     output_of(
         "for t in 0 -1; do { timeout 1.2 zelm_outctl -c stop -o main --timeout $t; echo $? >>/run/ended; } & done; "
         "zelm_outctl -c stop -o main --timeout 1");
-    EXPECT_GE(seconds_since(begin), 1.0);
-    EXPECT_LT(seconds_since(begin), 4.0);
+    EXPECT_NEAR(seconds_since(begin), 2.5, 1.5);
     EXPECT_TRUE(eventually([] { return read_file("/run/ended") == "124\n124\n"; }))
         << "without a limit they wait";
     EXPECT_TRUE(is_alive(pid)) << "nothing but the signal was sent";
     begin = Clock::now();
     output_of("ulimit -t 1; zelm_outctl -c stop -o main --timeout 2 --kill-timeout");  // it doesn't burn the
                                                                                        // processor
-    EXPECT_GE(seconds_since(begin), 2.0);
-    EXPECT_LT(seconds_since(begin), 5.0);
+    EXPECT_NEAR(seconds_since(begin), 3.5, 1.5);
     EXPECT_TRUE(eventually([&] { return !is_alive(pid); }));
 }
 
