@@ -20,7 +20,7 @@ namespace {
 constexpr std::uint64_t SUPERVISOR_LIMIT_US = 500000;
 
 // The mirror of the filter of a start: what conflicts with X11 going up or down is stopped.
-bool passes_x11_filter(const std::string& driver)
+bool is_stopped_for_x11(const std::string& driver)
 {
     if (exec_mode != MODE_OUTPUTS || x11_conflict_resolution < 0)
         return true;
@@ -82,7 +82,7 @@ int do_stop_item(const std::string& item)
     std::string driver;
     if (exec_mode == MODE_OUTPUTS && !read_driver_word(item, driver))
         return 1;
-    if (!passes_x11_filter(driver))
+    if (!is_stopped_for_x11(driver))
         return 0;
     const RunningDriver running = running_driver(item);
     const HeldProcess process = hold(running);

@@ -19,7 +19,7 @@ const char* title()
 }
 
 // The lines before and after the one that outputs alone have.
-constexpr char SWITCHES[] =
+constexpr char FIRST_SWITCHES[] =
     "   -c <command>\n"
     "          start              Start, if not started\n"
     "          stop               Stop, if not stopped\n"
@@ -62,7 +62,7 @@ constexpr char MORE_SWITCHES[] =
 void help()
 {
     std::fputs(title(), stderr_write);
-    std::fputs(SWITCHES, stderr_write);
+    std::fputs(FIRST_SWITCHES, stderr_write);
     if (exec_mode == MODE_OUTPUTS)
         std::fputs(OUTPUT_SWITCHES, stderr_write);
     std::fputs(MORE_SWITCHES, stderr_write);

@@ -5,8 +5,6 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string FILE_A = OUTPUTS + "a";
-
 constexpr char FULL_X11[] =
     R"({"behavior": {"autostart": true, "autostartSource": true, "restart": true}, )"
     R"("debug": {"lastError": "err", "lastNotes": "one\ntwo"}, "driver": "x11", "name": "", )"

@@ -10,8 +10,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.socket";
-
 class Report : public Appliance {
 protected:
     static void start_main(const std::string& settings)

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr char METADIR[] = "/mnt/main/tv/outputs/.main.metadir";
-constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.socket";
 constexpr char LIVE[] = "/run/live.socket";
 
 Descriptor listen_at(const std::string& path)

@@ -78,9 +78,13 @@ pid_t start(const std::string& tool, const std::string& item, const std::string&
 bool is_alive(pid_t pid);
 
 inline const std::string OUTPUTS = "/mnt/main/tv/outputs/";
+inline const std::string FILE_A = OUTPUTS + "a";
 inline const std::string CHANNELS = "/mnt/main/tv/rendermgr/";
 inline const std::string INPUTS = "/mnt/main/tv/inputs/";
 inline const std::string ROUTERS = "/mnt/main/tv/routing/";
+
+// The socket entry of the output "main".
+inline constexpr char ENTRY[] = "/mnt/main/tv/outputs/.main.metadir/.media.item.active.socket";
 
 // An appliance without items and without running drivers, before and after each test.
 class Appliance : public testing::Test {

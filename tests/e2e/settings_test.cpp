@@ -9,7 +9,6 @@ using namespace std::string_literals;
 
 namespace {
 
-const std::string FILE_A = OUTPUTS + "a";
 const std::string METADIR_A = OUTPUTS + ".a.metadir";
 
 class Settings : public Appliance {
