@@ -10,19 +10,19 @@
 namespace {
 
 constexpr int LOAD_MODE = 2;
-constexpr int ATTEMPTS = 6;
-constexpr useconds_t BETWEEN_ATTEMPTS_US = 50000;
+constexpr int READ_ATTEMPTS = 6;
+constexpr useconds_t BETWEEN_READS_US = 50000;
 constexpr std::uint8_t REMOTE_FLAG = 0x20;
 
 // A metadata file that is just being written is tried again for a while.
 void load(metadata_v4_metadata_context* metadata, metadata_v4_context* meta)
 {
-    for (int attempt = 1; attempt <= ATTEMPTS; ++attempt) {
+    for (int attempt = 1; attempt <= READ_ATTEMPTS; ++attempt) {
         if (metadata_v4_metadata_context_load_metadata_from_file(metadata, meta, LOAD_MODE, nullptr) >= 0 ||
             errno != EAGAIN)
             return;
-        if (attempt < ATTEMPTS)
-            ::usleep(BETWEEN_ATTEMPTS_US);
+        if (attempt < READ_ATTEMPTS)
+            ::usleep(BETWEEN_READS_US);
     }
 }
 

@@ -13,7 +13,7 @@ struct Drivers {
     std::vector<std::string> words;
 };
 
-const Drivers DRIVERS[] = {
+const Drivers DRIVERS_OF_TOOLS[] = {
     {"zelm_chctl", CHANNELS, "", "# ", {"channel"}},
     {"zelm_outctl", OUTPUTS, "zelm_out_", "driver=",
         {"alsa", "blackmagic_decklink_sdi", "drmkms", "fbdev", "internet_mpeg", "oss", "pulseaudio",
@@ -53,7 +53,7 @@ class JsonSchemas : public Appliance {};
 TEST_F(JsonSchemas, TakeEveryDocumentThatIsPrinted)
 {
     std::string documents;
-    for (const Drivers& drivers : DRIVERS) {
+    for (const Drivers& drivers : DRIVERS_OF_TOOLS) {
         for (const std::string& word : drivers.words) {
             const bool is_channel = word == "channel";
             const auto named = [&](std::string script) {
