@@ -1,11 +1,11 @@
 #include "control/infolist.hpp"
 
-#include <algorithm>
 #include <cassert>
 #include <cstdlib>
 
 #include "control/items.hpp"
 #include "control/run_state.hpp"
+#include "schema/settings_file.hpp"
 
 namespace {
 
@@ -18,9 +18,7 @@ struct ReadState {
 // The driver that the first line of an input's file may name.
 void take_marker_line(InfoList& list, std::string_view line)
 {
-    line.remove_prefix(2);
-    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-    if (const InputType* type = find_input_type(line)) {
+    if (const InputType* type = find_input_type(marker_of(line))) {
         infolist_item& driver = list["driver"];
         driver.value = type->driver;
         driver.s_flag = true;

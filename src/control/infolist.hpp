@@ -28,9 +28,3 @@ void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config)
 // Writes one key, a line for each line of the value; nothing for an empty value. The stream's error
 // indicator tells whether it worked.
 void fprintf_value(std::FILE* stream, std::string_view key, std::string_view value);
-
-// Does the line switch on the reading of values of several lines?
-inline bool is_multiline_marker(std::string_view line)
-{
-    return line == "#multiline";
-}

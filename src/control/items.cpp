@@ -6,24 +6,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <strings.h>
 #include <sys/stat.h>
 
 #include "control/run_state.hpp"
 #include "platform/metadata.hpp"
+#include "schema/settings_file.hpp"
 
 namespace {
-
-const std::string CHANNEL_LIST_PATH = "/mnt/main/tv/rendermgr";
-const std::string OUTPUT_LIST_PATH = "/mnt/main/tv/outputs";
-const std::string INPUT_LIST_PATH = "/mnt/main/tv/inputs";
-const std::string ROUTING_LIST_PATH = "/mnt/main/tv/routing";
-
-constexpr InputType INPUT_TYPES[] = {
-    {"video-passthru", "video_passthru"},
-    {"video-passthru-v2", "video_passthru_v2"},
-    {"trigger-rs232", "trigger_rs232"},
-};
 
 constexpr const char* OUTPUT_DRIVERS[] = {
     "fbdev",
@@ -38,11 +27,6 @@ constexpr const char* OUTPUT_DRIVERS[] = {
     "newtek_ndi",
     "schedule_push",
 };
-
-bool equals_ignoring_case(std::string_view one, std::string_view other)
-{
-    return one.size() == other.size() && ::strncasecmp(one.data(), other.data(), one.size()) == 0;
-}
 
 constexpr std::int64_t SETTINGS_LIMIT = std::int64_t{64} << 20;  // far beyond any item, and soon read
 
@@ -73,12 +57,11 @@ std::string marked_driver(const Descriptor& file)
     std::string_view line;
     if (!lines.next(line) || !line.starts_with('#'))
         return {};
-    line.remove_prefix(line.starts_with("#!") ? 2 : 1);
-    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
-    if (const InputType* type = find_input_type(line))
+    const std::string_view marker = marker_of(line);
+    if (const InputType* type = find_input_type(marker))
         return type->driver;
     std::fprintf(stderr_write, "WARNING: unknown marker '%s'. Did you mean #!video-passthru?\n",
-        std::string(line).c_str());
+        std::string(marker).c_str());
     return {};
 }
 
@@ -99,14 +82,6 @@ bool is_listed(const dirent& entry)
 }
 
 }  // namespace
-
-const InputType* find_input_type(std::string_view marker)
-{
-    for (const InputType& type : INPUT_TYPES)
-        if (equals_ignoring_case(marker, type.marker))
-            return &type;
-    return nullptr;
-}
 
 void set_mode_list_path()
 {

@@ -9,14 +9,6 @@
 
 #include "platform/io.hpp"
 
-// What "create --type" takes and the first line of an input's file names, and the driver that it means.
-struct InputType {
-    const char* marker;
-    const char* driver;
-};
-// The type with that marker, compared without regard to case, or null.
-const InputType* find_input_type(std::string_view marker);
-
 // Copies the item directory of exec_mode into mode_list_path; empty for an unknown mode.
 void set_mode_list_path();
 

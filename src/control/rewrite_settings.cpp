@@ -8,19 +8,9 @@
 
 #include "control/infolist.hpp"
 #include "platform/io.hpp"
+#include "schema/settings_file.hpp"
 
 namespace {
-
-// Live commands are never stored, and a file that holds one loses it.
-bool is_command(std::string_view key)
-{
-    return key.starts_with('+') || key.starts_with('-') || key.starts_with('&');
-}
-
-bool is_stored(std::string_view key)
-{
-    return !key.empty() && !is_command(key);
-}
 
 class Rewrite {
 public:
@@ -33,7 +23,7 @@ public:
 
     void copy_line(std::string_view line)
     {
-        if (line.empty() || is_command(line))
+        if (line.empty() || is_live_command(line))
             return;
         if (is_multiline_marker(line))
             multi = true;

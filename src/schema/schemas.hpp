@@ -20,8 +20,7 @@
 #include "schema/fields/trigger_rs232.hpp"
 #include "schema/fields/video_passthru.hpp"
 #include "schema/fields/x11.hpp"
-
-enum class ItemKind : std::uint8_t { CHANNEL, OUTPUT, INPUT, ROUTER };
+#include "schema/settings_file.hpp"
 
 struct Schema {
     std::string_view driver;  // "channel" for the document of a channel, which has no driver word

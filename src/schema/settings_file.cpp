@@ -1,0 +1,34 @@
+#include "schema/settings_file.hpp"
+
+#include <algorithm>
+#include <strings.h>
+
+namespace {
+
+constexpr InputType INPUT_TYPES[] = {
+    {"video-passthru", "video_passthru"},
+    {"video-passthru-v2", "video_passthru_v2"},
+    {"trigger-rs232", "trigger_rs232"},
+};
+
+bool equals_ignoring_case(std::string_view one, std::string_view other)
+{
+    return one.size() == other.size() && ::strncasecmp(one.data(), other.data(), one.size()) == 0;
+}
+
+}  // namespace
+
+const InputType* find_input_type(std::string_view marker)
+{
+    for (const InputType& type : INPUT_TYPES)
+        if (equals_ignoring_case(marker, type.marker))
+            return &type;
+    return nullptr;
+}
+
+std::string_view marker_of(std::string_view line)
+{
+    line.remove_prefix(line.starts_with("#!") ? 2 : 1);
+    line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+    return line;
+}

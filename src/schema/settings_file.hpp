@@ -1,0 +1,40 @@
+// What the settings files of all items have in common: where they lie, and lines that are no settings.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+enum class ItemKind : std::uint8_t { CHANNEL, OUTPUT, INPUT, ROUTER };
+
+inline constexpr char CHANNEL_LIST_PATH[] = "/mnt/main/tv/rendermgr";
+inline constexpr char OUTPUT_LIST_PATH[] = "/mnt/main/tv/outputs";
+inline constexpr char INPUT_LIST_PATH[] = "/mnt/main/tv/inputs";
+inline constexpr char ROUTING_LIST_PATH[] = "/mnt/main/tv/routing";
+
+// What "create --type" takes and the first line of an input's file names, and the driver that it means.
+struct InputType {
+    const char* marker;
+    const char* driver;
+};
+// The type with that marker, compared without regard to case, or null.
+const InputType* find_input_type(std::string_view marker);
+
+// What a first line that begins with "#", or with "#!", names.
+std::string_view marker_of(std::string_view line);
+
+// Does the line switch on the reading of values of several lines?
+inline bool is_multiline_marker(std::string_view line)
+{
+    return line == "#multiline";
+}
+
+// Live commands are never stored, and a file that holds one loses it.
+inline bool is_live_command(std::string_view key)
+{
+    return key.starts_with('+') || key.starts_with('-') || key.starts_with('&');
+}
+
+inline bool is_stored(std::string_view key)
+{
+    return !key.empty() && !is_live_command(key);
+}
