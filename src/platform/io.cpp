@@ -102,3 +102,13 @@ bool LineReader::next(std::string_view& line)
         return true;
     }
 }
+
+bool NumberedLines::next(std::string_view& line)
+{
+    if (!m_lines.next(line))
+        return false;
+    m_is_rest = m_goes_on;
+    m_goes_on = line.size() == LineReader::LINE_LIMIT;
+    m_number += m_is_rest ? 0 : 1;
+    return true;
+}

@@ -74,3 +74,21 @@ private:
     std::size_t m_end = 0;
     char m_buffer[4096];
 };
+
+// The same, and tells where in the file each line stands.
+class NumberedLines {
+public:
+    explicit NumberedLines(int fd) : m_lines(fd) {}
+
+    bool next(std::string_view& line);
+    bool failed() const { return m_lines.failed(); }
+
+    std::size_t number() const { return m_number; }  // of the file's line, from 1 up
+    bool is_rest() const { return m_is_rest; }       // of a line of more than 1022 bytes
+
+private:
+    LineReader m_lines;
+    std::size_t m_number = 0;
+    bool m_is_rest = false;
+    bool m_goes_on = false;
+};

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "platform/io.hpp"
@@ -41,6 +42,8 @@ bool set_flags(zelm_config_entry& entry, std::string_view flags)
     return true;
 }
 
+using MaybeFault = std::optional<ManifestFault>;
+
 // Reads one manifest into a map: sections of a key, and in each the members of its entry.
 class ManifestReader {
 public:
@@ -49,38 +52,39 @@ public:
     {
     }
 
-    bool line(std::string_view line)
+    MaybeFault line(std::string_view line)
     {
         if (line.empty() || line.front() == '#')
-            return true;
+            return std::nullopt;
         if (line.front() == '[')
             return section(line);
         const std::size_t equals = line.find('=');
-        return m_entry && equals != std::string_view::npos &&
-               member(line.substr(0, equals), line.substr(equals + 1));
+        if (equals == std::string_view::npos)
+            return ManifestFault::NO_MEMBER;
+        return m_entry ? member(line.substr(0, equals), line.substr(equals + 1)) : ManifestFault::NO_SECTION;
     }
 
 private:
-    bool section(std::string_view line)
+    MaybeFault section(std::string_view line)
     {
         if (line.size() < 2 || line.back() != ']')
-            return false;
+            return ManifestFault::OPEN_SECTION;
         const auto [at, is_new] = m_entries.try_emplace(std::string(line.substr(1, line.size() - 2)));
         m_entry = &at->second;
         m_has_default = m_has_description = m_has_ui = false;
-        return is_new;
+        return is_new ? MaybeFault() : ManifestFault::SECOND_SECTION;
     }
 
-    bool member(std::string_view name, std::string_view text)
+    MaybeFault member(std::string_view name, std::string_view text)
     {
         if (name == "default") {
             append_line(m_entry->default_value, text, m_has_default);
         } else if (name == "letter") {
             if (text.size() != 1)
-                return false;
+                return ManifestFault::LONG_LETTER;
             m_entry->letter = text.front();
         } else if (name == "flags") {
-            return set_flags(*m_entry, text);
+            return set_flags(*m_entry, text) ? MaybeFault() : ManifestFault::UNKNOWN_FLAG;
         } else if (name == "description") {
             if (m_with_texts)
                 append_line(m_entry->description, text, m_has_description);
@@ -88,9 +92,9 @@ private:
             if (m_with_texts)
                 append_line(m_entry->ui, text, m_has_ui);
         } else {
-            return false;
+            return ManifestFault::UNKNOWN_MEMBER;
         }
-        return true;
+        return std::nullopt;
     }
 
     std::map<std::string, zelm_config_entry, std::less<>>& m_entries;
@@ -105,14 +109,22 @@ private:
 
 int zelm_config_list::load_arglist(const char* path)
 {
-    m_entries.clear();
     const Descriptor file(::open(path, O_RDONLY | O_CLOEXEC));
-    bool whole = static_cast<bool>(file);
-    LineReader lines(file.get());
+    return load_arglist(file.get());
+}
+
+int zelm_config_list::load_arglist(int file, BrokenLine* broken)
+{
+    m_entries.clear();
+    NumberedLines lines(file);
     ManifestReader manifest(m_entries, with_texts != 0);
-    for (std::string_view line; whole && lines.next(line);)
-        whole = manifest.line(line);
-    whole = whole && !lines.failed();
+    MaybeFault fault;
+    std::string_view line;
+    while (!fault && lines.next(line))
+        fault = manifest.line(line);
+    if (fault && broken)
+        *broken = {*fault, lines.number(), lines.is_rest(), std::string(line)};
+    const bool whole = !fault && !lines.failed();
     if (!whole)
         m_entries.clear();
     return whole ? 0 : -1;

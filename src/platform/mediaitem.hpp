@@ -1,6 +1,7 @@
 // A driver's manifest: what settings it takes. zelm-manifest(5) tells the format of the file.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 
@@ -14,6 +15,25 @@ struct zelm_config_entry {
     std::string ui;  // JSON text
 };
 
+// Why a line breaks a manifest.
+enum class ManifestFault {
+    NO_MEMBER,     // neither a section nor a member, nor empty or a comment
+    NO_SECTION,    // a member in front of the first section
+    OPEN_SECTION,  // "[" without "]"
+    SECOND_SECTION,
+    UNKNOWN_MEMBER,
+    UNKNOWN_FLAG,
+    LONG_LETTER,
+};
+
+// The first line that breaks a manifest.
+struct BrokenLine {
+    ManifestFault fault;
+    std::size_t number;  // from 1 up
+    bool is_rest;        // of a line that is too long
+    std::string text;
+};
+
 class zelm_config_list {
 public:
     // Descriptions and presentation hints are read if this is 1 and skipped if it is 0.
@@ -22,6 +42,9 @@ public:
     // Reads the manifest at the path. One that can't be read, or is broken anywhere, leaves the list
     // empty; the result is then -1, otherwise 0.
     int load_arglist(const char* path);
+
+    // The same of an open file. What broke it can be had.
+    int load_arglist(int file, BrokenLine* broken = nullptr);
 
     // The entries in the byte order of their keys.
     auto begin() const { return m_entries.begin(); }
