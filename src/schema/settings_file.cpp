@@ -5,12 +5,6 @@
 
 namespace {
 
-constexpr InputType INPUT_TYPES[] = {
-    {"video-passthru", "video_passthru"},
-    {"video-passthru-v2", "video_passthru_v2"},
-    {"trigger-rs232", "trigger_rs232"},
-};
-
 bool equals_ignoring_case(std::string_view one, std::string_view other)
 {
     return one.size() == other.size() && ::strncasecmp(one.data(), other.data(), one.size()) == 0;

@@ -16,6 +16,11 @@ struct InputType {
     const char* marker;
     const char* driver;
 };
+inline constexpr InputType INPUT_TYPES[] = {
+    {"video-passthru", "video_passthru"},
+    {"video-passthru-v2", "video_passthru_v2"},
+    {"trigger-rs232", "trigger_rs232"},
+};
 // The type with that marker, compared without regard to case, or null.
 const InputType* find_input_type(std::string_view marker);
 

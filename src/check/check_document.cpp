@@ -1,0 +1,231 @@
+#include "check/check_document.hpp"
+
+#include "check/document_effect.hpp"
+#include "check/document_shape.hpp"
+#include "check/json_position.hpp"
+#include "check/known_settings.hpp"
+#include "check/stands.hpp"
+#include "schema/codings.hpp"
+
+using json11::Json;
+
+namespace {
+
+std::string shown(const Json& json)
+{
+    if (json.is_string())
+        return quoted(json.string_value());
+    const std::string text = quoted(plain(json));
+    return text.substr(1, text.rfind('"') - 1) + text.substr(text.rfind('"') + 1);
+}
+
+bool holds_nothing(const Json& json)
+{
+    return json.is_null() || json == Json("") || json == Json(Json::object()) || json == Json(Json::array());
+}
+
+// A document with nothing in it but the value at that path.
+Json document_with(const std::string& path, Json value)
+{
+    std::vector<std::string> names = split(path, ".");
+    for (; !names.empty(); names.pop_back()) {
+        const std::string& name = names.back();
+        if (name.find_first_not_of("0123456789") == std::string::npos) {
+            Json::array elements(std::stoul(name), Json::object());
+            elements.push_back(std::move(value));
+            value = std::move(elements);
+        } else {
+            value = Json::object{{name, std::move(value)}};
+        }
+    }
+    return value;
+}
+
+class DocumentCheck {
+public:
+    DocumentCheck(const Schema& schema, Findings& findings)
+        : m_driver(schema.driver), m_shape(shape_of(schema)), m_names(names_in(m_shape)), m_findings(findings)
+    {
+    }
+
+    void check(const Json& document, const std::string& text)
+    {
+        const Json harmless = look_at_group(document, m_shape, {}).value_or(nullptr);
+        auto effect = effect_of(m_driver, text);
+        if (!effect)
+            effect = effect_of(m_driver, harmless.dump());
+        if (effect)
+            for (const Member& member : m_members)
+                look_at_effect(member, *effect);
+        else
+            m_findings.add({"the document would end the run abnormally"});
+    }
+
+private:
+    // A known member that the document has.
+    struct Member {
+        std::string path;
+        const Shape* shape;
+        Json value;
+        codings::MaybeText text;  // what it is read as by itself
+    };
+
+    // What is looked at comes back without all that would end the run; nothing if it would itself.
+    std::optional<Json> look_at(
+        const Json& json, const Shape& shape, const std::string& path, const Json& around)
+    {
+        if (!shape.is_group())
+            return look_at_member(json, shape, path, around);
+        if (json.is_object())
+            return look_at_group(json, shape, path);
+        if (json.is_array() && shape.is_array())
+            return look_at_array(json, shape, path);
+        return look_at_misfit(json, shape, path);
+    }
+
+    std::optional<Json> look_at_group(const Json& group, const Shape& shape, const std::string& path)
+    {
+        Json::object harmless;
+        for (const auto& [name, json] : group.object_items()) {
+            const auto member = shape.members.find(name);
+            if (member == shape.members.end())
+                say_unknown(joined(path, name), name);
+            else if (auto kept = look_at(json, member->second, joined(path, name), group))
+                harmless[name] = std::move(*kept);
+            if (m_findings.has_more())
+                break;
+        }
+        return harmless;
+    }
+
+    std::optional<Json> look_at_array(const Json& array, const Shape& shape, const std::string& path)
+    {
+        Json::array harmless;
+        for (const Json& json : array.array_items()) {
+            const std::string place = std::to_string(harmless.size());
+            const auto element = shape.members.find(place);
+            if (element == shape.members.end()) {
+                say(joined(path, place), "would be ignored: only " + place + " elements are read");
+                break;
+            }
+            harmless.push_back(
+                look_at(json, element->second, joined(path, place), array).value_or(Json::object()));
+        }
+        return harmless;
+    }
+
+    // Something else stands where a group belongs.
+    std::optional<Json> look_at_misfit(const Json& json, const Shape& shape, const std::string& path)
+    {
+        const std::string wanted = shape.is_array() ? "no array" : "no object";
+        const auto effect = effect_of(m_driver, document_with(path, json).dump());
+        if (!effect) {
+            say(path, wanted + ", and would end the run abnormally");
+            return std::nullopt;
+        }
+        const auto& settings = effect->settings.all();
+        if (!settings.empty())
+            say(path,
+                wanted + ", and would set " + quoted(settings.begin()->first) + " to " +
+                    quoted(settings.begin()->second.value) +
+                    (settings.size() > 1 ? " and " + std::to_string(settings.size() - 1) + " more" : ""));
+        else if (!json.is_null())
+            say(path, wanted + ", and would be ignored");
+        return json;
+    }
+
+    std::optional<Json> look_at_member(
+        const Json& json, const Shape& shape, const std::string& path, const Json& around)
+    {
+        if (!shape.parts.empty())
+            for (const auto& [name, part] : json.object_items())
+                if (std::find(shape.parts.begin(), shape.parts.end(), name) == shape.parts.end())
+                    say_unknown(joined(path, name), name);
+        try {
+            m_members.push_back({path, &shape, json,
+                codings::read(shape.row->coding, {&around, &json}, shape.row->null_text)});
+        } catch (...) {
+            say(path, "no object, and would end the run abnormally");
+            return std::nullopt;
+        }
+        return json;
+    }
+
+    void look_at_effect(const Member& member, const DocumentEffect& effect)
+    {
+        const Row& row = *member.shape->row;
+        const std::string& key = member.shape->key;
+        const std::string stored = effect.value(key);
+        if (!member.shape->is_read())
+            look_at_unread(member);
+        else if (key.empty())
+            look_at_keyless(member);
+        else if (effect.keys.count(key) == 0)
+            look_at_unset(member);
+        else if (row.marks.status && !stored.empty())
+            say(member.path, "is status, and would be stored as " + quoted(stored) + " under " + quoted(key));
+        else if (member.value.is_null() && member.text && *member.text != stored)
+            say(member.path, "null would be stored as " + quoted(stored));
+        else if (const std::string change = change_of(member.value, row, stored); !change.empty())
+            say(member.path, shown(member.value) + " " + change);
+    }
+
+    void look_at_unread(const Member& member)
+    {
+        if (!holds_nothing(member.value))
+            say_unknown(member.path, member.path.substr(member.path.rfind('.') + 1));
+    }
+
+    void look_at_keyless(const Member& member)
+    {
+        const Row& row = *member.shape->row;
+        const auto usual = codings::written(row.coding, {}, row.null_text);
+        if (!holds_nothing(member.value) && member.value != usual.value_or(nullptr))
+            say(member.path, shown(member.value) + " would be ignored: no document sets this");
+    }
+
+    void look_at_unset(const Member& member)
+    {
+        if (!holds_nothing(member.value))
+            say(member.path, "would be ignored: what it needs beside it is missing");
+    }
+
+    void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
+
+    void say_unknown(const std::string& path, const std::string& name)
+    {
+        say(path, "would be ignored" + suggestion(name, path, m_names));
+    }
+
+    std::string m_driver;
+    Shape m_shape;
+    std::vector<KnownName> m_names;
+    Findings& m_findings;
+    std::vector<Member> m_members;
+};
+
+void say_position(const std::string& text, const std::string& fault, Findings& findings)
+{
+    const TextPosition at = position_of_fault(text);
+    findings.add({"no JSON: " + fault, {}, at.line, at.column});
+}
+
+}  // namespace
+
+void check_document(const std::string& driver, const std::string& text, Findings& findings)
+{
+    const Schema* schema = find_schema(driver);
+    if (!schema) {
+        findings.add({"unknown driver word " + quoted(driver) + ", read as a channel's document" +
+                      suggestion(driver, {}, driver_words())});
+        schema = find_schema("channel");
+    }
+    std::string fault;
+    const Json document = Json::parse(text, fault);
+    if (!fault.empty())
+        say_position(text, fault, findings);
+    else if (!document.is_object())
+        findings.add({"no object, and would set nothing"});
+    else
+        DocumentCheck(*schema, findings).check(document, text);
+}

@@ -1,0 +1,171 @@
+#include "check/check_settings.hpp"
+
+#include "check/known_settings.hpp"
+#include "check/stored_settings.hpp"
+#include "platform/io.hpp"
+#include "schema/codings.hpp"
+
+namespace {
+
+std::string at(std::size_t line)
+{
+    return "line " + std::to_string(line);
+}
+
+std::vector<KnownName> input_types()
+{
+    std::vector<KnownName> types;
+    for (const InputType& type : INPUT_TYPES)
+        types.push_back({type.marker, {}});
+    return types;
+}
+
+class SettingsCheck {
+public:
+    SettingsCheck(ItemKind kind, Findings& findings) : m_kind(kind), m_findings(findings) {}
+
+    void take(std::string_view line, const NumberedLines& lines)
+    {
+        m_line = lines.number();
+        if (lines.is_rest())
+            return take_rest(line);
+        if (line.find('\0') != std::string_view::npos)
+            say("holds a NUL");
+        if (line.find('\r') != std::string_view::npos)
+            say("holds a carriage return, which counts like any other byte");
+        if (m_kind == ItemKind::INPUT && m_line == 1 && line.starts_with('#'))
+            take_marker(line);
+        if (is_multiline_marker(line))
+            m_settings.read_several_lines();
+        else if (!line.empty() && !line.starts_with('#'))
+            take_setting(line);
+    }
+
+    void finish()
+    {
+        const Schema* const schema = checked_driver();
+        const KnownSettings known = known_settings(schema ? *schema : *find_schema("channel"));
+        if (schema)
+            check_keys(known);
+        check_values(known);
+        m_findings.sort_by_line();
+    }
+
+private:
+    void say(std::string text) { m_findings.add_at_line(m_line, std::move(text)); }
+
+    // A line feed behind 1022 bytes does no harm.
+    void take_rest(std::string_view rest)
+    {
+        if (!rest.empty() && m_line != m_long_line)
+            say("has more than 1022 bytes, and what is behind them counts as a line of its own");
+        m_long_line = m_line;
+    }
+
+    // A start takes "#" for "#!", and a listing does not.
+    void take_marker(std::string_view line)
+    {
+        const std::string_view marker = marker_of(line);
+        const InputType* const type = find_input_type(marker);
+        if (!type)
+            return say("unknown type of input " + quoted(marker) + suggestion(marker, {}, input_types()));
+        if (!line.starts_with("#!"))
+            say("a start takes this for the type of the input, and a listing only \"#!\"");
+        m_type_driver = {type->driver, m_line};
+    }
+
+    void take_setting(std::string_view line)
+    {
+        const std::size_t equals = line.find('=');
+        const std::string_view key = line.substr(0, equals);
+        if (equals == std::string_view::npos)
+            return say("sets nothing, having no \"=\": " + quoted(line));
+        if (key.empty())
+            return say("sets nothing, having no key in front of the \"=\"");
+        if (is_live_command(key))
+            return;
+        if (const std::size_t replaced = m_settings.take(key, line.substr(equals + 1), m_line))
+            say("replaces the " + quoted(key) + " of " + at(replaced) +
+                (m_settings.reads_several_lines() ? ", from which other keys part it"
+                                                  : ", without \"#multiline\""));
+    }
+
+    // The driver's table, or null, and then it is said why.
+    const Schema* checked_driver()
+    {
+        if (m_kind == ItemKind::CHANNEL)
+            return find_schema("channel");
+        const StoredSetting* const set = m_settings.find("driver");
+        const StoredSetting& driver = set ? *set : m_type_driver;
+        m_line = driver.line;
+        if (driver.value.empty()) {
+            say("no driver is named, so that the keys can't be checked");
+            return nullptr;
+        }
+        const Schema* const schema = find_schema(driver.value);
+        if (!schema)
+            say("unknown driver word " + quoted(driver.value) + suggestion(driver.value, {}, driver_words()));
+        else if (schema->kind != m_kind)
+            say("the driver " + quoted(driver.value) + " is of another kind of items");
+        return schema;
+    }
+
+    void check_keys(const KnownSettings& known)
+    {
+        std::vector<KnownName> names;
+        for (const auto& [key, rows] : known)
+            names.push_back({key, {}});
+        for (const auto& [key, setting] : m_settings.all()) {
+            if (known.contains(key))
+                continue;
+            m_line = setting.line;
+            say("unknown key " + quoted(key) + suggestion(key, {}, names));
+            if (m_findings.has_more())
+                return;
+        }
+    }
+
+    void check_values(const KnownSettings& known)
+    {
+        for (const auto& [key, setting] : m_settings.all()) {
+            m_line = setting.line;
+            if (const auto rows = known.find(key);
+                rows != known.end() && ends_listing(rows->second, setting.value))
+                say("a listing as JSON ends abnormally on the " + quoted(key) + " of " +
+                    quoted(setting.value));
+        }
+    }
+
+    static bool ends_listing(const std::vector<const Row*>& rows, const std::string& value)
+    {
+        try {
+            for (const Row* row : rows)
+                if (row->marks.direction != Direction::READ)
+                    codings::written(row->coding, value, row->null_text);
+        } catch (...) {
+            return true;
+        }
+        return false;
+    }
+
+    ItemKind m_kind;
+    Findings& m_findings;
+    StoredSettings m_settings;
+    StoredSetting m_type_driver;  // what the type of an input means
+    std::size_t m_line = 0;
+    std::size_t m_long_line = 0;
+};
+
+}  // namespace
+
+bool check_settings(int file, ItemKind kind, Findings& findings)
+{
+    NumberedLines lines(file);
+    SettingsCheck check(kind, findings);
+    for (std::string_view line; lines.next(line);)
+        check.take(line, lines);
+    if (lines.failed())
+        return false;
+    check.finish();
+    return true;
+}

@@ -1,0 +1,8 @@
+// What the tools pass over in silence when they read an item's settings file.
+#pragma once
+
+#include "check/findings.hpp"
+#include "schema/settings_file.hpp"
+
+// False, with errno set, if the file can't be read.
+bool check_settings(int file, ItemKind kind, Findings& findings);

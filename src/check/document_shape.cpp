@@ -1,0 +1,65 @@
+#include "check/document_shape.hpp"
+
+#include "schema/codings.hpp"
+
+namespace {
+
+std::vector<std::string> parts_of(Coding coding)
+{
+    std::string error;
+    const json11::Json schema = json11::Json::parse(codings::json_schema(coding), error);
+    std::vector<std::string> parts;
+    for (const auto& [name, part] : schema["properties"].object_items())
+        parts.push_back(name);
+    return parts;
+}
+
+bool is_place(const std::string& name)
+{
+    return name.find_first_not_of("0123456789") == std::string::npos;
+}
+
+void add_names(std::vector<KnownName>& names, const Shape& shape, const std::string& path)
+{
+    for (const auto& [name, member] : shape.members) {
+        const std::string inner = joined(path, name);
+        const bool can_be_set = member.is_group() || member.is_read();
+        if (can_be_set && !is_place(name))
+            names.push_back({name, inner});
+        if (member.is_read() && !member.key.empty())
+            names.push_back({member.key, inner});
+        for (const std::string& part : member.parts)
+            names.push_back({part, joined(inner, part)});
+        add_names(names, member, inner);
+    }
+}
+
+}  // namespace
+
+std::string joined(const std::string& path, const std::string& name)
+{
+    return path.empty() ? name : path + "." + name;
+}
+
+Shape shape_of(const Schema& schema)
+{
+    Shape top;
+    for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const Row& row) {
+        Shape* at = &top;
+        for (const std::string& name : split(path, "."))
+            at = &at->members[name];
+        if (at->is_read())
+            return;
+        at->row = &row;
+        at->key = key;
+        at->parts = parts_of(row.coding);
+    });
+    return top;
+}
+
+std::vector<KnownName> names_in(const Shape& shape)
+{
+    std::vector<KnownName> names;
+    add_names(names, shape, {});
+    return names;
+}

@@ -1,0 +1,31 @@
+// A driver's document as a tree: where its members stand, and the row of each.
+#pragma once
+
+#include <json11.hpp>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "check/nearest_name.hpp"
+#include "schema/schemas.hpp"
+
+struct Shape {
+    std::map<std::string, Shape, std::less<>> members;  // of an object; those of an array by their places
+
+    // Of a member that is no group: the row by which it is read, or else written.
+    const Row* row = nullptr;
+    std::string key;
+    std::vector<std::string> parts;  // members of a composite
+
+    bool is_group() const { return !members.empty(); }
+    bool is_array() const { return is_group() && members.begin()->first == "0"; }
+    bool is_read() const { return row && row->marks.direction != Direction::WRITTEN; }
+};
+
+Shape shape_of(const Schema& schema);
+
+// The names of all that a document can set, each with its path; by the flat keys, too.
+std::vector<KnownName> names_in(const Shape& shape);
+
+// "" in front of a member of the top, else the path and a dot.
+std::string joined(const std::string& path, const std::string& name);

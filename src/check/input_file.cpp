@@ -1,0 +1,66 @@
+#include "check/input_file.hpp"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool write_whole(int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t put = TEMP_FAILURE_RETRY(::write(file, bytes.data(), bytes.size()));
+        if (put < 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return true;
+}
+
+// A file without a name, of what comes from the pipe.
+Descriptor copy_of(int pipe)
+{
+    const std::optional<std::string> bytes = contents_of(pipe);
+    Descriptor copy(::memfd_create("input", MFD_CLOEXEC));
+    if (!bytes || !copy || !write_whole(copy.get(), *bytes) || ::lseek(copy.get(), 0, SEEK_SET) != 0)
+        return {};
+    return copy;
+}
+
+}  // namespace
+
+Descriptor open_input(const std::string& name)
+{
+    const int opened = name == "-" ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
+                                   : ::open(name.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC);
+    Descriptor file(opened);
+    struct stat state {};
+    if (!file || ::fstat(file.get(), &state) != 0)
+        return {};
+    if (!S_ISREG(state.st_mode))
+        return copy_of(file.get());
+    if (state.st_size <= INPUT_LIMIT)
+        return file;
+    errno = EFBIG;
+    return {};
+}
+
+std::optional<std::string> contents_of(int file)
+{
+    std::string bytes;
+    char block[16384];
+    for (;;) {
+        const ssize_t got = TEMP_FAILURE_RETRY(::read(file, block, sizeof block));
+        if (got < 0)
+            return std::nullopt;
+        if (got == 0)
+            return bytes;
+        bytes.append(block, static_cast<std::size_t>(got));
+        if (bytes.size() > static_cast<std::size_t>(INPUT_LIMIT)) {
+            errno = EFBIG;
+            return std::nullopt;
+        }
+    }
+}

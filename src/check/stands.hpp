@@ -1,0 +1,14 @@
+// Whether a value of a document is stored as it stands.
+#pragma once
+
+#include <json11.hpp>
+#include <string>
+
+#include "schema/row.hpp"
+
+// A value as people write it: a text without quotes, a number without an exponent, else its JSON.
+std::string plain(const json11::Json& json);
+
+// What becomes of a member's value, in words that follow it; empty if it is stored as it stands. `stored` is
+// the flat text, empty if none is stored.
+std::string change_of(const json11::Json& json, const Row& row, const std::string& stored);

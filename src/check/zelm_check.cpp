@@ -1,0 +1,174 @@
+#include "check/zelm_check.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <optional>
+
+#include "check/check_document.hpp"
+#include "check/check_manifest.hpp"
+#include "check/check_settings.hpp"
+#include "check/input_file.hpp"
+
+namespace {
+
+constexpr int NOTHING_FOUND = 0;
+constexpr int FOUND = 1;
+constexpr int FAILED = 2;
+
+constexpr char USAGE[] = R"(usage: zelm_check [--json] document --driver WORD FILE...
+       zelm_check [--json] settings [--kind channel|output|input|router] FILE...
+       zelm_check [--json] manifest FILE...
+
+Says what the tools pass over in silence: of a JSON document for "set" of that driver ("channel" for a
+channel's), of an item's settings file, and of a driver's manifest. FILE may be "-", standard input.
+
+  --driver WORD  the driver whose document it is
+  --kind KIND    the kind of the item, which otherwise follows from the file's directory
+  --json         print the findings as one JSON array
+
+Exit status: 0 nothing found, 1 something found, 2 wrong usage or unreadable input.
+)";
+
+struct CommandLine {
+    std::string subject;
+    std::optional<std::string> driver;
+    std::optional<std::string> kind;
+    bool wants_json = false;
+    std::vector<std::string> files;
+};
+
+constexpr struct {
+    const char* name;
+    ItemKind kind;
+    std::string_view directory;
+} KINDS[] = {
+    {"channel", ItemKind::CHANNEL, CHANNEL_LIST_PATH},
+    {"output", ItemKind::OUTPUT, OUTPUT_LIST_PATH},
+    {"input", ItemKind::INPUT, INPUT_LIST_PATH},
+    {"router", ItemKind::ROUTER, ROUTING_LIST_PATH},
+};
+
+std::optional<ItemKind> kind_called(const std::string& name)
+{
+    for (const auto& row : KINDS)
+        if (name == row.name)
+            return row.kind;
+    return std::nullopt;
+}
+
+// By the name of the directory alone, so that copies elsewhere are known as well.
+std::optional<ItemKind> kind_of_file(const std::string& file)
+{
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::absolute(file, error).lexically_normal();
+    for (const auto& row : KINDS)
+        if (file != "-" && path.parent_path().filename() == std::filesystem::path(row.directory).filename())
+            return row.kind;
+    return std::nullopt;
+}
+
+// Whether the file could be checked; if not, that has been said.
+bool check_file(const CommandLine& line, const std::string& file, Findings& findings)
+{
+    const auto kind = line.kind ? kind_called(*line.kind) : kind_of_file(file);
+    if (line.subject == "settings" && !kind) {
+        std::fprintf(stderr, "%s: no directory of items; which kind is it? --kind tells\n", file.c_str());
+        return false;
+    }
+    const Descriptor input = open_input(file);
+    bool is_read = static_cast<bool>(input);
+    if (is_read && line.subject == "settings") {
+        is_read = check_settings(input.get(), *kind, findings);
+    } else if (is_read && line.subject == "manifest") {
+        is_read = check_manifest(input.get(), findings);
+    } else if (is_read) {
+        const auto text = contents_of(input.get());
+        is_read = text.has_value();
+        if (text)
+            check_document(*line.driver, *text, findings);
+    }
+    if (!is_read)
+        std::fprintf(stderr, "%s: %s\n", file.c_str(), std::strerror(errno));
+    return is_read;
+}
+
+int check_files(const CommandLine& line)
+{
+    int status = NOTHING_FOUND;
+    json11::Json::array array;
+    for (const std::string& file : line.files) {
+        Findings findings;
+        if (!check_file(line, file, findings))
+            status = FAILED;
+        for (const Finding& finding : findings.all()) {
+            status = std::max(status, FOUND);
+            if (line.wants_json)
+                array.push_back(as_json(file, finding));
+            else
+                std::fputs(as_line(file, finding).c_str(), stdout);
+        }
+    }
+    if (line.wants_json)
+        std::printf("%s\n", json11::Json(array).dump().c_str());
+    return status;
+}
+
+int refuse(const std::string& why)
+{
+    std::fprintf(stderr, "zelm_check: %s\n%s", why.c_str(), USAGE);
+    return FAILED;
+}
+
+// Why it can't be run; empty if it can.
+std::string fault_of(const CommandLine& line)
+{
+    if (line.subject != "document" && line.subject != "settings" && line.subject != "manifest")
+        return line.subject.empty() ? "document, settings or manifest?" : "unknown word " + line.subject;
+    if ((line.subject == "document") != line.driver.has_value())
+        return line.driver ? "--driver is for documents" : "--driver WORD is missing";
+    if (line.kind && line.subject != "settings")
+        return "--kind is for settings";
+    if (line.kind && !kind_called(*line.kind))
+        return "unknown kind " + *line.kind;
+    return line.files.empty() ? "FILE is missing" : "";
+}
+
+int flushed(int status)
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return status;
+    std::fprintf(stderr, "zelm_check: %s\n", std::strerror(errno));
+    return FAILED;
+}
+
+}  // namespace
+
+int zelm_check(int argc, char** argv)
+{
+    CommandLine line;
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--help" || word == "-h") {
+            std::fputs(USAGE, stdout);
+            return flushed(NOTHING_FOUND);
+        }
+        if (word == "--json")
+            line.wants_json = true;
+        else if ((word == "--driver" || word == "--kind") && i + 1 == argc)
+            return refuse(word + " wants a word");
+        else if (word == "--driver")
+            line.driver = argv[++i];
+        else if (word == "--kind")
+            line.kind = argv[++i];
+        else if (word.starts_with('-') && word != "-")
+            return refuse("unknown switch " + word);
+        else if (line.subject.empty())
+            line.subject = word;
+        else
+            line.files.push_back(word);
+    }
+    const std::string fault = fault_of(line);
+    return fault.empty() ? flushed(check_files(line)) : refuse(fault);
+}
