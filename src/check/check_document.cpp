@@ -76,7 +76,7 @@ private:
     {
         if (!shape.is_group())
             return look_at_member(json, shape, path, around);
-        if (json.is_object())
+        if (json.is_object() && !shape.is_array())
             return look_at_group(json, shape, path);
         if (json.is_array() && shape.is_array())
             return look_at_array(json, shape, path);

@@ -7,7 +7,7 @@
 
 #include "platform/io.hpp"
 
-constexpr std::int64_t INPUT_LIMIT = std::int64_t{16} << 20;  // far beyond any document, and soon read
+constexpr std::int64_t INPUT_LIMIT = std::int64_t{4} << 20;  // far beyond any document, and soon read
 
 // Opens a file for reading from its beginning; "-" is standard input. A pipe is read to its end first. None
 // with errno set, which is EFBIG for more bytes than the limit.
