@@ -26,7 +26,7 @@ std::size_t distance(std::string_view one, std::string_view other)
 std::string suggestion(std::string_view name, std::string_view place, std::span<const KnownName> known)
 {
     constexpr std::size_t LONGEST = 100;  // far beyond any name that is known
-    if (name.size() > LONGEST)
+    if (name.size() < 2 || name.size() > LONGEST)
         return {};
     const std::size_t farthest = std::max<std::size_t>(1, name.size() / 3);
     const KnownName* nearest = nullptr;
