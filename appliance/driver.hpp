@@ -6,8 +6,8 @@
 #include <poll.h>
 #include <vector>
 
+#include "driver/item_socket.hpp"
 #include "driver_state.hpp"
-#include "item_socket.hpp"
 #include "platform/io.hpp"
 
 class Driver {

@@ -1,4 +1,4 @@
-#include "item_socket.hpp"
+#include "driver/item_socket.hpp"
 
 #include <cerrno>
 #include <fcntl.h>
