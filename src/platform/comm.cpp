@@ -26,6 +26,7 @@ namespace {
 struct Packet final : comm_socket_v4_packet {
     packet::Writer writer;
     std::vector<unsigned char> received;
+    packet::Reader reader{received};  // is made anew once something was received
 };
 
 Packet* packet_of(comm_socket_v4_packet* handle)
@@ -159,6 +160,11 @@ int comm_socket_v4_client_from_server_readable(comm_socket_v4* socket, std::uint
     return wait_for(socket->descriptor.get(), POLLIN, deadline);
 }
 
+int comm_socket_v4_descriptor(const comm_socket_v4* socket)
+{
+    return socket->descriptor.get();
+}
+
 int comm_socket_v4_idle(comm_socket_v4* socket)
 {
     pollfd state{socket->descriptor.get(), POLLIN, 0};
@@ -175,19 +181,19 @@ comm_socket_v4_packet* comm_socket_v4_client_get_packet_from_server(comm_socket_
     auto packet = std::make_unique<Packet>();
     if (receive_packet(socket->descriptor.get(), packet->received) != Received::PACKET)
         return nullptr;
-    const packet::Reader reader(packet->received);
-    packet->flags = reader.flags();
-    packet->sequence = reader.sequence();
+    packet->reader = packet::Reader(packet->received);
+    packet->flags = packet->reader.flags();
+    packet->sequence = packet->reader.sequence();
     return packet.release();
 }
 
 std::size_t comm_socket_v4_packet_entries(const comm_socket_v4_packet* packet)
 {
-    return packet::Reader(packet_of(packet)->received).arguments();
+    return packet_of(packet)->reader.arguments();
 }
 
 comm_socket_v4_entry comm_socket_v4_packet_entry(const comm_socket_v4_packet* packet, std::size_t index)
 {
-    const packet::Reader::Argument argument = packet::Reader(packet_of(packet)->received).argument(index);
+    const packet::Reader::Argument argument = packet_of(packet)->reader.argument(index);
     return {argument.in_table, argument.name, argument.value};
 }

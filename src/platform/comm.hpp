@@ -51,6 +51,9 @@ int comm_socket_v4_packet_send_to_server(comm_socket_v4*, comm_socket_v4_packet*
 int comm_socket_v4_wait_for_client_to_server_writeable(comm_socket_v4*, std::uint64_t deadline);
 int comm_socket_v4_client_from_server_readable(comm_socket_v4*, std::uint64_t deadline);
 
+// The connection's descriptor, for a wait on many at once; -1 before it is connected.
+int comm_socket_v4_descriptor(const comm_socket_v4*);
+
 // Below 0 once the server has hung up and nothing that it sent is left to read.
 int comm_socket_v4_idle(comm_socket_v4*);
 

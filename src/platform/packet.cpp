@@ -76,6 +76,12 @@ void Writer::finish()
     store(m_bytes.data() + LENGTH_AT, static_cast<std::uint32_t>(m_bytes.size()));
 }
 
+Reader::Reader(std::span<const unsigned char> bytes) : m_bytes(bytes), m_texts_end(bytes.size())
+{
+    while (m_texts_end > 0 && m_bytes[m_texts_end - 1] != 0)
+        --m_texts_end;
+}
+
 std::uint8_t Reader::flags() const
 {
     return m_bytes.size() > FLAGS_AT ? m_bytes[FLAGS_AT] : std::uint8_t{0};
@@ -114,10 +120,7 @@ Reader::Argument Reader::argument(std::size_t index) const
 // An offset of 0 is the packet's own head and stands for no text.
 const char* Reader::text(std::uint32_t offset) const
 {
-    if (offset == 0 || offset >= m_bytes.size())
-        return nullptr;
-    const unsigned char* begin = m_bytes.data() + offset;
-    return std::memchr(begin, 0, m_bytes.size() - offset) ? reinterpret_cast<const char*>(begin) : nullptr;
+    return offset == 0 || offset >= m_texts_end ? nullptr : reinterpret_cast<const char*>(&m_bytes[offset]);
 }
 
 }  // namespace packet

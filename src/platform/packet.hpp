@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,8 +61,8 @@ public:
         const char* value = nullptr;  // null when missing
     };
 
-    // The bytes must outlive the reader and all texts taken from it.
-    explicit Reader(const std::vector<unsigned char>& bytes) : m_bytes(bytes) {}
+    // The bytes must outlive the reader and all texts taken from it, and not change.
+    explicit Reader(std::span<const unsigned char> bytes);
 
     std::uint8_t flags() const;      // 0 when missing
     std::uint64_t sequence() const;  // 0 when missing
@@ -72,7 +73,8 @@ public:
 private:
     const char* text(std::uint32_t offset) const;
 
-    const std::vector<unsigned char>& m_bytes;
+    std::span<const unsigned char> m_bytes;
+    std::size_t m_texts_end;  // behind the last NUL: no text ends beyond it
 };
 
 }  // namespace packet
