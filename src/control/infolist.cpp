@@ -1,7 +1,11 @@
 #include "control/infolist.hpp"
 
+#include <algorithm>
 #include <cassert>
+#include <cerrno>
 #include <cstdlib>
+#include <unistd.h>
+#include <vector>
 
 #include "control/items.hpp"
 #include "control/run_state.hpp"
@@ -9,11 +13,7 @@
 
 namespace {
 
-// What the reader remembers from line to line.
-struct ReadState {
-    bool multi = false;
-    std::string last_key;
-};
+using Setting = std::pair<std::string_view, std::string_view>;
 
 // The driver that the first line of an input's file may name.
 void take_marker_line(InfoList& list, std::string_view line)
@@ -26,20 +26,65 @@ void take_marker_line(InfoList& list, std::string_view line)
     }
 }
 
-void take_setting(InfoList& list, ReadState& state, std::string_view key, std::string_view value)
-{
-    auto entry = list.lower_bound(key);
-    if (entry == list.end() || entry->first != key)
-        entry = list.emplace_hint(entry, key, infolist_item{});
-    infolist_item& item = entry->second;
-    if (state.multi && key == state.last_key && item.marker == '=' && !item.value.empty()) {
-        item.value += '\n';
-        item.value += value;
-    } else {
-        item.value = value;
-        item.marker = '=';
+// The settings of a file in its order, with the lines of one value joined.
+class SettingsReader {
+public:
+    explicit SettingsReader(InfoList& list) : m_list(list) { m_settings.reserve(32); }
+
+    void take(std::string_view line)
+    {
+        const std::size_t equals = line.find('=');
+        if (is_multiline_marker(line))
+            m_multi = true;
+        else if (!line.starts_with('#') && equals != line.npos)
+            take_setting(line.substr(0, equals), line.substr(equals + 1));
     }
-    state.last_key = key;
+
+    std::vector<Setting>& finish()
+    {
+        end_value();
+        return m_settings;
+    }
+
+private:
+    void take_setting(std::string_view key, std::string_view value)
+    {
+        const bool joins = m_multi && !m_settings.empty() && m_settings.back().first == key;
+        if (!joins || m_settings.back().second.empty()) {
+            end_value();
+            m_settings.emplace_back(key, value);
+            return;
+        }
+        if (m_lines.empty())
+            m_lines = m_settings.back().second;
+        m_lines.append("\n").append(value);
+    }
+
+    void end_value()
+    {
+        if (!m_lines.empty())
+            m_settings.back().second = m_list.keep(std::exchange(m_lines, {}));
+    }
+
+    InfoList& m_list;
+    std::vector<Setting> m_settings;
+    std::string m_lines;  // the last setting's value, if it has several
+    bool m_multi = false;
+};
+
+// The file from where it stands to its end, or to a read error. A regular file gives less than it is asked
+// for at its end alone.
+std::string rest_of(int file)
+{
+    std::string text;
+    char buffer[16384];
+    ssize_t got = -1;
+    do {
+        got = ::read(file, buffer, sizeof buffer);
+        if (got > 0)
+            text.append(buffer, static_cast<std::size_t>(got));
+    } while (got == static_cast<ssize_t>(sizeof buffer) || (got < 0 && errno == EINTR));
+    return text;
 }
 
 void write_line(std::FILE* stream, std::string_view key, std::string_view text)
@@ -67,18 +112,21 @@ int infolist_load(InfoList& list, const std::string& filename)
 
 void load_infolist_from_file(InfoList& list, int file)
 {
-    ReadState state;
-    LineReader lines(file);
-    bool is_first = true;
-    for (std::string_view line; lines.next(line); is_first = false) {
-        if (exec_mode == MODE_INPUTS && is_first && line.starts_with("#!"))
-            take_marker_line(list, line);
-        else if (is_multiline_marker(line))
-            state.multi = true;
-        else if (const std::size_t equals = line.find('='); !line.starts_with('#') && equals != line.npos)
-            take_setting(list, state, line.substr(0, equals), line.substr(equals + 1));
-    }
-    if ((exec_mode == MODE_OUTPUTS || exec_mode == MODE_ROUTERS) && list.count("driver") == 0) {
+    std::string_view text = list.keep(rest_of(file));
+    if (exec_mode == MODE_INPUTS && text.starts_with("#!"))
+        take_marker_line(list, cut_line(text));
+    SettingsReader reader(list);
+    while (!text.empty())
+        reader.take(cut_line(text));
+    std::vector<Setting>& settings = reader.finish();
+    std::stable_sort(settings.begin(), settings.end(),
+        [](const Setting& one, const Setting& other) { return one.first < other.first; });
+    // Of several settings of one key the last counts.
+    list.update(settings, [](infolist_item& item, std::string_view value, bool) {
+        item.value = value;
+        item.marker = '=';
+    });
+    if ((exec_mode == MODE_OUTPUTS || exec_mode == MODE_ROUTERS) && !list.find("driver")) {
         infolist_item& driver = list["driver"];
         driver.marker = '?';
         driver.s_flag = true;
@@ -87,9 +135,9 @@ void load_infolist_from_file(InfoList& list, int file)
 
 int infolist_get(std::string& out, const InfoList& list, const char* key)
 {
-    const auto entry = list.find(key);
-    out = entry == list.end() ? "" : entry->second.value;
-    return entry == list.end() ? -1 : 0;
+    const infolist_item* item = list.find(key);
+    out = item ? item->value : "";
+    return item ? 0 : -1;
 }
 
 int infolist_get_autostart(const InfoList& list)
@@ -101,9 +149,7 @@ int infolist_get_autostart(const InfoList& list)
 
 void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config)
 {
-    for (const auto& [key, described] : config) {
-        const auto [entry, is_new] = list.try_emplace(key);
-        infolist_item& item = entry->second;
+    list.update(config, [](infolist_item& item, const zelm_config_entry& described, bool is_new) {
         item.nogui_flag = described.nogui_flag;
         item.ui_text = described.ui;
         item.s_flag = described.s_flag;
@@ -113,7 +159,7 @@ void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config)
             item.value = described.default_value;
             item.marker = described.letter == 0 ? '?' : described.letter;
         }
-    }
+    });
 }
 
 void fprintf_value(std::FILE* stream, std::string_view key, std::string_view value)

@@ -12,7 +12,8 @@
 // first. 0, or -1 when there is no such file.
 int infolist_load(InfoList& list, const std::string& filename);
 
-// Reads an open settings file into the list. Malformed lines are skipped, and a read error ends the file.
+// Reads an open settings file, which must be a regular one, into the list. Malformed lines are skipped, and a
+// read error ends the file.
 void load_infolist_from_file(InfoList& list, int file);
 
 // Copies the value of the key. 0, or -1 with an empty `out` when there is no such key.

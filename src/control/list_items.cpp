@@ -1,10 +1,8 @@
 #include "control/list_items.hpp"
 
-#include <algorithm>
-#include <cstdlib>
-#include <iterator>
 #include <map>
 #include <sys/stat.h>
+#include <vector>
 
 #include "control/file_type.hpp"
 #include "control/infolist.hpp"
@@ -33,16 +31,16 @@ constexpr const char* REGIONS[] = {
     "urgent",
 };
 
-// The manifests of the run, one for each driver, by their paths. Info lists point into them.
+// The manifests of the run, by their drivers. Info lists point into them.
 std::map<std::string, zelm_config_list> global_cfglist;
 
 const zelm_config_list& manifest_of(const std::string& driver)
 {
-    const auto [entry, is_new] = global_cfglist.try_emplace(item_argslist_path(driver));
+    const auto [entry, is_new] = global_cfglist.try_emplace(driver);
     zelm_config_list& manifest = entry->second;
     if (is_new) {
         manifest.with_texts = 1;
-        manifest.load_arglist(entry->first.c_str());
+        manifest.load_arglist(item_argslist_path(driver).c_str());
     }
     return manifest;
 }
@@ -54,10 +52,10 @@ std::string with_three_decimals(double seconds)
     return text;
 }
 
-void set_status(InfoList& list, const char* key, std::string value, const char* description)
+void set_status(InfoList& list, const char* key, std::string_view value, const char* description)
 {
     infolist_item& item = list[key];
-    item.value = std::move(value);
+    item.value = value;
     item.marker = '*';
     item.s_flag = true;
     item.quick_summary = true;
@@ -65,10 +63,10 @@ void set_status(InfoList& list, const char* key, std::string value, const char* 
     item.desc = description;
 }
 
-void set_transient(InfoList& list, const std::string& key, std::string value)
+void set_transient(InfoList& list, std::string_view key, std::string value)
 {
     infolist_item& item = list[key];
-    item.value = std::move(value);
+    item.value = list.keep(std::move(value));
     item.marker = '*';
 }
 
@@ -81,18 +79,18 @@ void add_process_state(InfoList& list, pid_t pid)
         return;
     }
     if (const std::optional<double> uptime = process_uptime(pid))
-        set_status(list, "uptime", with_three_decimals(*uptime), UPTIME);
-    set_status(list, "pid", std::to_string(pid), "Process ID");
+        set_status(list, "uptime", list.keep(with_three_decimals(*uptime)), UPTIME);
+    set_status(list, "pid", list.keep(std::to_string(pid)), "Process ID");
 }
 
 // The time of the file that the item plays. The fraction is nanoseconds over a million, as front ends
 // have always been given it.
 void add_item_mtime(InfoList& list)
 {
-    const auto item = list.find("item");
+    const infolist_item* item = list.find("item");
     struct stat state {};
-    if (except_quicksummary || item == list.end() || ::lstat(item->second.value.c_str(), &state) != 0 ||
-        !S_ISREG(state.st_mode))
+    if (except_quicksummary || !item || item->value.empty() ||
+        ::lstat(std::string(item->value).c_str(), &state) != 0 || !S_ISREG(state.st_mode))
         return;
     const double mtime =
         static_cast<double>(state.st_mtim.tv_sec) + static_cast<double>(state.st_mtim.tv_nsec) / 1000000;
@@ -100,18 +98,6 @@ void add_item_mtime(InfoList& list)
     infolist_item& entry = list["item mtime"];
     entry.s_flag = true;
     entry.nogui_flag = true;
-}
-
-void add_live_report(InfoList& list, const std::string& metadir)
-{
-    std::string& running = list["running"].value;
-    if (std::strtol(running.c_str(), nullptr, 10) <= 0)
-        return;
-    const int reported = do_list_send_command(active_socket_path(metadir).c_str(), list);
-    do_list_send_command(nullptr, list);
-    // A number to whoever reads it as one: the item still counts as running.
-    if (reported < 1)
-        running = "1 hang";
 }
 
 // Is there a file or directory that can have a type?
@@ -126,11 +112,11 @@ bool has_type(const std::string& path)
 void add_region_types(InfoList& list)
 {
     for (const std::string region : REGIONS) {
-        const auto item = list.find(region);
-        if (item == list.end())
+        const infolist_item* item = list.find(region);
+        if (!item)
             continue;
-        const std::string& path = item->second.value;
-        set_transient(list, region + " file type", has_type(path) ? read_file_type(path) : "");
+        const std::string path(item->value);
+        set_transient(list, list.keep(region + " file type"), has_type(path) ? read_file_type(path) : "");
     }
 }
 
@@ -138,48 +124,115 @@ void add_region_types(InfoList& list)
 void add_lowest_level_types(InfoList& list)
 {
     for (const std::string region : REGIONS) {
-        const auto item = list.find(region + " lowest level");
-        if (item == list.end())
+        const infolist_item* item = list.find(region + " lowest level");
+        if (!item)
             continue;
-        const std::string& path = item->second.value;
+        const std::string path(item->value);
         const bool typed = has_type(path);
         std::string type = typed ? read_file_type(path) : "";
         if (!typed || !type.empty())
-            set_transient(list, region + " lowest level file type", std::move(type));
+            set_transient(list, list.keep(region + " lowest level file type"), std::move(type));
     }
 }
 
-void gather(InfoList& list, const std::string& name, pid_t pid, std::shared_ptr<EmitJson>& emitter)
+// An item on its way through the listing.
+struct Listed {
+    const std::string& name;
+    pid_t pid;  // 0 when it doesn't run
+    InfoList list;
+    std::unique_ptr<ReportExchange> report;  // when it runs
+};
+
+// The items of itemlist, as they run at one moment.
+std::vector<Listed> listed_items()
 {
-    infolist_load(list, name);
+    const std::vector<pid_t> processes = running_processes(itemlist);
+    std::vector<Listed> items;
+    items.reserve(itemlist.size());
+    for (std::size_t i = 0; i < itemlist.size(); ++i)
+        items.push_back({itemlist[i], processes[i], {}, {}});
+    return items;
+}
+
+// All that is known without asking the item.
+void gather(Listed& item, std::shared_ptr<EmitJson>& emitter)
+{
+    infolist_load(item.list, item.name);
     std::string driver;
-    infolist_get(driver, list, "driver");
+    infolist_get(driver, item.list, "driver");
     if (!emitter)
         emitter = createEmitter(driver);
-    std::string metadir;
-    if (!find_metadir(settings_path(name), metadir) || metadir.empty())
-        return;
     if (!no_manifest)
-        infolist_fill_from_argslist(list, manifest_of(driver));
-    add_process_state(list, pid);
-    add_item_mtime(list);
-    add_live_report(list, metadir);
+        infolist_fill_from_argslist(item.list, manifest_of(driver));
+    add_process_state(item.list, item.pid);
+    add_item_mtime(item.list);
+}
+
+// A number to whoever reads it as one: the item still counts as running.
+void note_answer(InfoList& list, int reported)
+{
+    if (reported < 1)
+        list["running"].value = "1 hang";
+}
+
+// Begins to ask a running item. When progress is shown, each is asked to its end, so that it is clear which
+// item a message is about.
+void ask(Listed& item, ReportQueries& queries)
+{
+    std::string metadir;
+    if (item.pid == 0 || !find_metadir(settings_path(item.name), metadir))
+        return;
+    const std::string socket = active_socket_path(metadir);
+    if (!verbose) {
+        item.report = queries.ask(socket);
+        return;
+    }
+    note_answer(item.list, do_list_send_command(socket.c_str(), item.list));
+    do_list_send_command(nullptr, item.list);
+}
+
+// Adds what can only be known once the item has answered, or its time has run out.
+void complete(Listed& item, ReportQueries& queries)
+{
+    if (item.report)
+        note_answer(item.list, queries.merge_reply(item.list, *item.report));
     if (exec_mode == MODE_CHANNELS) {
-        add_region_types(list);
-        add_lowest_level_types(list);
+        add_region_types(item.list);
+        add_lowest_level_types(item.list);
     }
 }
 
-bool is_wanted(const std::string& name)
+void hand_over(Listed& item, EmitJson& emitter, std::string& text)
 {
-    return to_what.empty() || name == to_what;
+    if (wants_json)
+        emitter.add(std::move(item.list));
+    else
+        print_item(text, item.name, item.list);
+    item.list = {};
+    item.report.reset();
 }
 
-void list_names()
+// All items are gathered before the first is printed. What is kept of each until then is its text or the
+// emitter's copy, far less than its info list.
+std::string list_items(std::shared_ptr<EmitJson>& emitter)
 {
-    for (const std::string& name : itemlist)
-        if (is_wanted(name))
-            std::fprintf(stdout_write, "%s\n", name.c_str());
+    std::vector<Listed> items = listed_items();
+    ReportQueries queries;
+    std::string text;
+    auto next = items.begin();
+    const auto finish_next = [&] {
+        complete(*next, queries);
+        hand_over(*next++, *emitter, text);
+    };
+    for (auto item = items.begin(); item != items.end(); ++item) {
+        gather(*item, emitter);
+        ask(*item, queries);
+        while (next <= item && (!next->report || next->report->has_ended()))
+            finish_next();
+    }
+    while (next != items.end())
+        finish_next();
+    return text;
 }
 
 }  // namespace
@@ -189,25 +242,13 @@ int do_list(std::shared_ptr<EmitJson>& emitter)
     read_kernel_uptime();
     if (build_itemlist() != 0)
         return 1;
+    std::erase_if(itemlist, [](const std::string& name) { return !to_what.empty() && name != to_what; });
     if (name_only) {
-        list_names();
+        for (const std::string& name : itemlist)
+            std::fprintf(stdout_write, "%s\n", name.c_str());
         return 0;
     }
-    // All items are gathered before the first is printed. What is kept of each until then is its text or
-    // the emitter's copy, far less than its info list.
-    std::string text;
-    std::vector<std::string> names;
-    std::copy_if(itemlist.begin(), itemlist.end(), std::back_inserter(names), is_wanted);
-    const std::vector<pid_t> processes = running_processes(names);
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const std::string& name = names[i];
-        InfoList list;
-        gather(list, name, processes[i], emitter);
-        if (wants_json)
-            emitter->add(std::move(list));
-        else
-            print_item(text, name, list);
-    }
+    const std::string text = list_items(emitter);
     std::fwrite(text.data(), 1, text.size(), stdout_write);
     return 0;
 }

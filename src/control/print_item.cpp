@@ -1,22 +1,33 @@
 #include "control/print_item.hpp"
 
+#include <algorithm>
+
 #include "control/run_state.hpp"
 
 namespace {
 
-void print_line(std::string& out, std::string_view mark, const std::string& key, std::string_view text)
+char* put(std::string_view text, char* at)
 {
-    out += '\t';
-    out += mark;
-    out += '\t';
-    out += key;
-    out += '=';
-    out += text;
-    out += '\n';
+    return std::copy(text.begin(), text.end(), at);
+}
+
+// Makes room once for each line: a listing consists of little else.
+void print_line(std::string& out, std::string_view mark, std::string_view key, std::string_view text)
+{
+    const std::size_t begin = out.size();
+    out.resize(begin + mark.size() + key.size() + text.size() + 4);
+    char* at = out.data() + begin;
+    *at++ = '\t';
+    at = put(mark, at);
+    *at++ = '\t';
+    at = put(key, at);
+    *at++ = '=';
+    at = put(text, at);
+    *at = '\n';
 }
 
 // The marker stands on the last line; the lines before it say that more follow.
-void print_value(std::string& out, const std::string& key, const infolist_item& item)
+void print_value(std::string& out, std::string_view key, const infolist_item& item)
 {
     const std::string_view marker(&item.marker, item.marker == 0 ? 0 : 1);
     std::string_view left = item.value;

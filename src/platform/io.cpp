@@ -67,6 +67,15 @@ int lock_exclusively(int fd)
     return result;
 }
 
+std::string_view cut_line(std::string_view& text)
+{
+    const std::size_t limit = std::min(text.size(), LineReader::LINE_LIMIT);
+    const std::size_t feed = text.substr(0, limit).find('\n');
+    const std::string_view line = text.substr(0, feed == std::string_view::npos ? limit : feed + 1);
+    text.remove_prefix(line.size());
+    return chomp(line);
+}
+
 // Moves what is left to the front and reads behind it. False when nothing more comes.
 bool LineReader::fill()
 {
@@ -88,19 +97,15 @@ bool LineReader::fill()
 
 bool LineReader::next(std::string_view& line)
 {
-    for (;;) {
-        const std::string_view left(m_buffer + m_begin, std::min(m_end - m_begin, LINE_LIMIT));
-        const std::size_t feed = left.find('\n');
-        if (feed == std::string_view::npos && left.size() < LINE_LIMIT && fill())
-            continue;
-        if (left.empty())
-            return false;
-        const std::string_view raw(m_buffer + m_begin,
-            feed == std::string_view::npos ? std::min(m_end - m_begin, LINE_LIMIT) : feed + 1);
-        m_begin += raw.size();
-        line = chomp(raw);
-        return true;
+    const auto left = [this] { return std::string_view(m_buffer + m_begin, m_end - m_begin); };
+    while (left().size() < LINE_LIMIT && left().find('\n') == std::string_view::npos && fill()) {
     }
+    std::string_view text = left();
+    if (text.empty())
+        return false;
+    line = cut_line(text);
+    m_begin = m_end - text.size();
+    return true;
 }
 
 bool NumberedLines::next(std::string_view& line)

@@ -92,3 +92,7 @@ private:
     bool m_is_rest = false;
     bool m_goes_on = false;
 };
+
+// Takes the first line off a text that isn't empty, cut as the reader cuts it, and returns it without its
+// line feed.
+std::string_view cut_line(std::string_view& text);

@@ -49,6 +49,7 @@ public:
     // The entries in the byte order of their keys.
     auto begin() const { return m_entries.begin(); }
     auto end() const { return m_entries.end(); }
+    std::size_t size() const { return m_entries.size(); }
 
 private:
     std::map<std::string, zelm_config_entry, std::less<>> m_entries;

@@ -71,14 +71,14 @@ void EmitJson::add(InfoList list)
     if (known == 0)
         m_items.reserve(list.size());
     std::ptrdiff_t place = 0;
-    for (auto& [key, item] : list) {
+    for (const auto& [key, item] : list) {
         const auto known_end = m_items.begin() + known;
         const auto found = std::lower_bound(m_items.begin() + place, known_end, key, is_below);
         place = found - m_items.begin();
         if (found != known_end && found->key == key)
-            m_later[key] = std::move(item.value);
+            m_later[std::string(key)] = item.value;
         else
-            m_items.push_back({std::move(item), std::move(key)});
+            m_items.push_back({item, std::string(key), std::string(item.value)});
     }
     std::inplace_merge(m_items.begin(), m_items.begin() + known, m_items.end(), is_ahead);
 }
@@ -352,5 +352,5 @@ Document EmitJson::set(const Document& tree, const std::string& key, const Json&
 
 Json EmitJson::getValue(const std::string& key, const infolist_item& item)
 {
-    return JsonEmitterItem{item, key}.getValue(Json(key));
+    return JsonEmitterItem{item, key, std::string(item.value)}.getValue(Json(key));
 }

@@ -18,6 +18,7 @@
 
 struct JsonEmitterItem : infolist_item {
     std::string key;
+    std::string value;  // in the place of the entry's view of it
 
     std::string getValue(const json11::Json& json) const { return json.dump(); }
 

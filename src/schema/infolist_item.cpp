@@ -1,6 +1,16 @@
 #include "schema/infolist_item.hpp"
 
+#include <algorithm>
 #include <cstdio>
+
+namespace {
+
+bool is_below(const InfoList::Entry& entry, std::string_view key)
+{
+    return entry.first < key;
+}
+
+}  // namespace
 
 std::string infolist_item::marker_string() const
 {
@@ -28,4 +38,29 @@ json11::Json infolist_item::ui() const
 std::string infolist_item::type() const
 {
     return ui()["json_type"].string_value();
+}
+
+void InfoList::clear()
+{
+    m_entries.clear();
+    m_kept.clear();
+}
+
+const infolist_item* InfoList::find(std::string_view key) const
+{
+    const auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, is_below);
+    return at != m_entries.end() && at->first == key ? &at->second : nullptr;
+}
+
+infolist_item& InfoList::operator[](std::string_view key)
+{
+    auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, is_below);
+    if (at == m_entries.end() || at->first != key)
+        at = m_entries.emplace(at, key, infolist_item{});
+    return at->second;
+}
+
+std::string& InfoList::keep(std::string text)
+{
+    return *m_kept.emplace_back(std::make_shared<std::string>(std::move(text)));
 }
