@@ -5,12 +5,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
-
-#include "schema/consume_json.hpp"
-
-using Pairs = SettingValues;
 
 // gtest shows a document by its text.
 namespace json11 {
