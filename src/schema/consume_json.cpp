@@ -65,12 +65,12 @@ const Json* element(
         const bool is_read = around && !(*around)[place][std::string(path)][place].is_null();
         return is_read ? member_of(array, std::to_string(place)) : nullptr;
     }
-    if (!array || !array->is_array())
+    if (!array)
         return nullptr;
     for (std::size_t i = 0; which == Elements::UP_TO_NULL && i < place; ++i)
         if ((*array)[i].is_null())
             return nullptr;
-    return &(*array)[place];
+    return &(*array)[place];  // null where there is no such element, and in what is no array
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ def check(tool, directory, program, driver):
 
     first_line = {"zelm_chctl": "", "zelm_inctl": "#!" + driver.replace("_", "-")}.get(tool, "driver=" + driver)
     manifest = open(f"/usr/share/tavorn4/arglist/{program}.al", encoding="utf-8").read()
-    keys = [key for key in re.findall(r"^\[(.*)\]$", manifest, re.M) if key != "driver"]
+    keys = [key for key in re.findall(r"^\[([^=]*)\]$", manifest, re.M) if key != "driver"]
     documents = [{}]
     for filled in range(4):
         settings = [f"{k}={SAFE.get(k, TEXTS[(i + 4 * filled) % len(TEXTS)])}" for i, k in enumerate(keys) if filled]
@@ -76,7 +76,7 @@ def check(tool, directory, program, driver):
     output_of(tool, "-c", "start", "-o", item)
     listings = (output_of(tool, "-c", "list", "--desc", "-o", item) for _ in range(2000))
     listing = next(text for text in listings if "running=1\n" in text)
-    for key in re.findall(r"^\t[^<.\n]?\t(.*)=.*\n(?!\.desc=)", listing, re.M):
+    for key in re.findall(r"^\t[^<.\n]?\t(.*?)=.*\n(?!\.desc=)", listing, re.M):
         print(f"{driver} has no description of {key}")
     documents.append(document())
     validator = Draft202012Validator(schema_of(driver))
