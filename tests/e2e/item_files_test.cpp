@@ -126,20 +126,6 @@ TEST_P(ItemFilesOfEachRole, ACloneIsTheFileAloneAndBelongsToTheCaller)
     EXPECT_EQ(stat("%a %u %g", other_file), "644 " + caller);
 }
 
-TEST_F(ItemFiles, ACloneTakesNeitherMetadirNorProcessAlong)
-{
-    write_file("/mnt/main/tv/outputs/runs", "driver=x11\n");
-    start("zelm_outctl", "runs");
-    expect_all({
-        {"zelm_outctl -c clone -o runs --to copy; cat /mnt/main/tv/outputs/copy", 0, "driver=x11\n", ""},
-        {"zelm_outctl -c status -o copy", 1, "Driver x11 process is stopped\n", ""},
-        {"ls -A /mnt/main/tv/outputs", 0, ".runs.metadir\ncopy\nruns\n", ""},
-        {"zelm_routectl -c create -o empty; zelm_routectl -c clone -o empty --to copy; "
-         "cat /mnt/main/tv/routing/copy",
-            0, "", ""},
-    });
-}
-
 TEST_F(ItemFiles, ACloneThatHasNoRoomLeavesNothing)
 {
     const Mount disk("-t tmpfs -o size=64k tmpfs", INPUTS);
@@ -220,7 +206,9 @@ TEST_P(ItemFilesOfEachRole, ARunningItemIsNeitherRenamedNorDeleted)
 {
     write_file(file, role.settings);
     start(role.tool, role.item);
+    const std::string drop_copy = "; cat '" + other_file + "'; rm '" + other_file + "'";
     expect_all({
+        {role.tool + " -c clone" + item + to_other + drop_copy, 0, role.settings, ""},
         {role.tool + " -c rename" + item + to_other, 1, "Error: output is still running\n", ""},
         {role.tool + " -c delete" + item, 1, "Error: output is still running\n", ""},
         {role.tool + " -c stop" + item, 0, "", ""},

@@ -139,8 +139,8 @@ void fuzz_packets(std::string_view bytes)
     require(std::string_view(reader.command()).size() <= bytes.size());
 }
 
-// The first rewriting puts the mark in front of the settings and the second one comments in front of the mark; a
-// third one leaves all as it is.
+// The first rewriting puts the mark in front of the settings and the second one comments in front of the
+// mark; a third one leaves all as it is.
 void fuzz_settings(std::string_view bytes)
 {
     for (const ExecMode mode : {MODE_OUTPUTS, MODE_INPUTS}) {

@@ -50,16 +50,6 @@ TEST(Manifest, EverythingThatAnEntryCarriesIsRead)
     EXPECT_EQ(title.ui, "{\"json_type\":\n \"string\"}");
 }
 
-TEST(Manifest, TextsStayOutUnlessAskedFor)
-{
-    const TemporaryDirectory directory;
-    zelm_config_list list;
-    ASSERT_EQ(list.load_arglist(directory.file("good.al", GOOD).c_str()), 0);
-    const zelm_config_entry& title = std::prev(list.end())->second;
-    EXPECT_EQ(title.default_value, "first = line\n\nthird");
-    EXPECT_EQ(title.description + title.ui, "");
-}
-
 TEST(Manifest, OneBrokenLineLeavesTheListEmpty)
 {
     const TemporaryDirectory directory;
