@@ -52,8 +52,8 @@ std::unique_ptr<ReportExchange> ReportQueries::ask(std::string path)
     while (m_open.size() >= m_window)
         proceed();
     auto exchange = std::make_unique<ReportExchange>(std::move(path));
-    if (!exchange->has_ended())
-        m_open.push_back(exchange.get());
+    m_open.push_back(exchange.get());
+    close_ended();
     return exchange;
 }
 
@@ -67,6 +67,11 @@ int ReportQueries::merge_reply(InfoList& list, ReportExchange& exchange)
 void ReportQueries::proceed()
 {
     proceed_with_any(m_open);
+    close_ended();
+}
+
+void ReportQueries::close_ended()
+{
     std::erase_if(m_open, [](ReportExchange* exchange) {
         if (exchange->has_ended())
             exchange->release_connection();

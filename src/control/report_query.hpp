@@ -30,6 +30,7 @@ public:
 
 private:
     void proceed();
+    void close_ended();
 
     std::vector<ReportExchange*> m_open;
     std::size_t m_window;
