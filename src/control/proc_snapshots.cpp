@@ -18,18 +18,6 @@ namespace {
 
 constexpr std::size_t FIELD_LIMIT = 63;  // a row's fields behind this one are not looked at
 
-// The next line of the text from `at` on, which moves behind it. A line that is too long comes in pieces.
-bool next_line(std::string_view text, std::size_t& at, std::string_view& line)
-{
-    if (at >= text.size())
-        return false;
-    line = text.substr(at, LineReader::LINE_LIMIT);
-    const std::size_t feed = line.find('\n');
-    line = line.substr(0, feed);
-    at += line.size() + (feed == std::string_view::npos ? 0 : 1);
-    return true;
-}
-
 // The next word of a line from `at` on, which moves behind it; empty at the line's end.
 std::string_view next_word(std::string_view line, std::size_t& at)
 {
@@ -161,10 +149,9 @@ void ProcNetUnixSnapshot::take(const char* file)
         got = TEMP_FAILURE_RETRY(::read(table.get(), block, sizeof block));
         m_text.append(block, static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
     }
-    std::string_view header;
-    m_rows = 0;
-    next_line(m_text, m_rows, header);
-    find_columns(header);
+    std::string_view rows = m_text;
+    find_columns(rows.empty() ? rows : cut_line(rows));
+    m_rows = m_text.size() - rows.size();
 }
 
 // The last column of each name, whatever its case.
@@ -195,8 +182,9 @@ void ProcNetUnixSnapshot::for_each(const Row& row) const
 {
     if (!is_readable())
         return;
-    std::string_view line;
-    for (std::size_t at = m_rows; next_line(m_text, at, line);) {
+    std::string_view rows = std::string_view(m_text).substr(m_rows);
+    while (!rows.empty()) {
+        const std::string_view line = cut_line(rows);
         const std::string_view inode = m_inode_column < FIELD_LIMIT ? field_of(line, m_inode_column) : "";
         const std::string_view path = m_path_column < FIELD_LIMIT ? field_of(line, m_path_column) : "";
         if (!inode.empty())

@@ -206,7 +206,8 @@ TEST_P(ItemFilesOfEachRole, ARunningItemIsNeitherRenamedNorDeleted)
 {
     write_file(file, role.settings);
     start(role.tool, role.item);
-    const std::string drop_copy = "; cat '" + other_file + "'; rm '" + other_file + "'";
+    const std::string drop_copy =
+        "; cat '" + other_file + "'; " + role.tool + " -c delete -o '" + role.other_item + "' 2>/dev/null";
     expect_all({
         {role.tool + " -c clone" + item + to_other + drop_copy, 0, role.settings, ""},
         {role.tool + " -c rename" + item + to_other, 1, "Error: output is still running\n", ""},
