@@ -43,7 +43,7 @@ inline bool has_parts(const Json& json, const char* first, const char* second)
 }
 
 struct Text {
-    static Json written(const std::string& text, std::string_view) { return text; }
+    static Json written(std::string text, std::string_view) { return Json(std::move(text)); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         return string_text(json, null_text);
@@ -52,9 +52,9 @@ struct Text {
 };
 
 struct NullableText {
-    static Json written(const std::string& text, std::string_view null_text)
+    static Json written(std::string text, std::string_view null_text)
     {
-        return text.empty() || text == null_text ? Json() : Json(text);
+        return text.empty() || text == null_text ? Json() : Json(std::move(text));
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -453,10 +453,10 @@ template <typename Function> auto with(Coding coding, Function function)
     return function(Text());
 }
 
-inline std::optional<Json> written(Coding coding, const std::string& text, std::string_view null_text)
+inline std::optional<Json> written(Coding coding, std::string text, std::string_view null_text)
 {
-    return with(
-        coding, [&](auto face) { return std::optional<Json>(decltype(face)::written(text, null_text)); });
+    return with(coding,
+        [&](auto face) { return std::optional<Json>(decltype(face)::written(std::move(text), null_text)); });
 }
 
 inline MaybeText read(Coding coding, const Place& at, std::string_view null_text)

@@ -12,8 +12,6 @@ using json11::Json;
 
 namespace {
 
-const std::string NO_VALUE;
-
 constexpr char PROGRESSIVE[] = "progressive";
 constexpr char BOTTOM_FIELD_FIRST[] = "interlaced bottom-field-first";
 constexpr char TOP_FIELD_FIRST[] = "interlaced top-field-first";
@@ -78,9 +76,12 @@ void EmitJson::add(InfoList list)
         if (found != known_end && found->key == key)
             m_later[std::string(key)] = item.value;
         else
-            m_items.push_back({item, std::string(key), std::string(item.value)});
+            m_items.push_back({item, key});
     }
+    if (known == static_cast<std::ptrdiff_t>(m_items.size()))
+        return;
     std::inplace_merge(m_items.begin(), m_items.begin() + known, m_items.end(), is_ahead);
+    m_lists.push_back(std::move(list));
 }
 
 const JsonEmitterItem* EmitJson::find(std::string_view key) const
@@ -89,10 +90,10 @@ const JsonEmitterItem* EmitJson::find(std::string_view key) const
     return found == m_items.end() || found->key != key ? nullptr : &*found;
 }
 
-const std::string& EmitJson::value(std::string_view key) const
+std::string EmitJson::value(std::string_view key) const
 {
     const JsonEmitterItem* item = find(key);
-    return item ? item->value : NO_VALUE;
+    return std::string(item ? item->value : std::string_view());
 }
 
 Json EmitJson::null_or_value(std::string_view key) const
@@ -261,10 +262,7 @@ struct EmitJson::Entries {
     std::span<const JsonEmitterItem> items;
     std::size_t prefix_size = 0;
 
-    std::string_view rest(const JsonEmitterItem& item) const
-    {
-        return std::string_view(item.key).substr(prefix_size);
-    }
+    std::string_view rest(const JsonEmitterItem& item) const { return item.key.substr(prefix_size); }
 
     auto lower_bound(std::string_view key) const
     {
@@ -272,10 +270,11 @@ struct EmitJson::Entries {
             [this](const JsonEmitterItem& item, std::string_view wanted) { return rest(item) < wanted; });
     }
 
-    const std::string& value(std::string_view key) const
+    std::string value(std::string_view key) const
     {
         const auto found = lower_bound(key);
-        return found == items.end() || rest(*found) != key ? NO_VALUE : found->value;
+        const bool has_key = found != items.end() && rest(*found) == key;
+        return std::string(has_key ? found->value : std::string_view());
     }
 
     Entries beginning_with(std::string_view prefix) const
@@ -333,7 +332,7 @@ Json EmitJson::json() const
 {
     Json::object members;
     for (const JsonEmitterItem& item : m_items)
-        members[item.key] = item.value;
+        members[std::string(item.key)] = std::string(item.value);
     for (const auto& [key, value] : m_later)
         members[key] = value;
     return members;
@@ -352,5 +351,5 @@ Document EmitJson::set(const Document& tree, const std::string& key, const Json&
 
 Json EmitJson::getValue(const std::string& key, const infolist_item& item)
 {
-    return JsonEmitterItem{item, key, std::string(item.value)}.getValue(Json(key));
+    return JsonEmitterItem{item, key}.getValue(Json(key));
 }

@@ -17,8 +17,7 @@
 #include "schema/packed_table.hpp"
 
 struct JsonEmitterItem : infolist_item {
-    std::string key;
-    std::string value;  // in the place of the entry's view of it
+    std::string_view key;
 
     std::string getValue(const json11::Json& json) const { return json.dump(); }
 
@@ -36,11 +35,11 @@ public:
     virtual Document emitJson() const { return {}; }
 
     // Takes the entries of one item, whatever their markers. Of the keys that an earlier item had, only what
-    // json() shows is kept.
+    // json() shows is kept, and the list itself only if it had others.
     void add(InfoList list);
 
     // Coders of one flat key. An absent key reads as the empty text.
-    const std::string& value(std::string_view key) const;
+    std::string value(std::string_view key) const;
     json11::Json null_or_value(std::string_view key) const;    // empty: null
     json11::Json boolean(std::string_view key) const;          // true exactly for "1"
     json11::Json null_or_boolean(std::string_view key) const;  // empty: null
@@ -91,5 +90,6 @@ private:
     static void write_group(const Table& table, std::size_t group, const Entries& entries, Tree& tree);
 
     std::vector<JsonEmitterItem> m_items;        // in the order of their keys, each of them once
+    std::vector<InfoList> m_lists;               // whose texts they show
     std::map<std::string, std::string> m_later;  // the last values of keys that later items had again
 };
