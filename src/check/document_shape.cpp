@@ -38,7 +38,7 @@ void add_names(std::vector<KnownName>& names, const Shape& shape, const std::str
 
 std::string joined(const std::string& path, const std::string& name)
 {
-    return path.empty() ? name : path + "." + name;
+    return (path.empty() ? path : path + ".") + (name.empty() ? "\"\"" : name);
 }
 
 Shape shape_of(const Schema& schema)

@@ -27,5 +27,5 @@ Shape shape_of(const Schema& schema);
 // The names of all that a document can set, each with its path; by the flat keys, too.
 std::vector<KnownName> names_in(const Shape& shape);
 
-// "" in front of a member of the top, else the path and a dot.
+// The path of a member, which is its name at the top. An empty name is shown as two quotes.
 std::string joined(const std::string& path, const std::string& name);

@@ -96,13 +96,17 @@ Json as_json(const std::string& file, const Finding& finding)
     return json;
 }
 
-std::string quoted(std::string_view text)
+std::string beginning_of(std::string_view text)
 {
     constexpr std::size_t ROOM = 60;
-    if (text.size() <= ROOM)
-        return "\"" + std::string(text) + "\"";
-    std::size_t end = ROOM;
-    while (end > 0 && static_cast<unsigned char>(text[end]) >> 6 == 2)
+    std::size_t end = std::min(ROOM, text.size());
+    while (end > 0 && end < text.size() && static_cast<unsigned char>(text[end]) >> 6 == 2)
         --end;
-    return "\"" + std::string(text.substr(0, end)) + "\"...";
+    return std::string(text.substr(0, end));
+}
+
+std::string quoted(std::string_view text)
+{
+    const std::string beginning = beginning_of(text);
+    return "\"" + beginning + "\"" + (beginning.size() < text.size() ? "..." : "");
 }

@@ -40,5 +40,6 @@ private:
 std::string as_line(const std::string& file, const Finding& finding);
 json11::Json as_json(const std::string& file, const Finding& finding);
 
-// A text that others wrote, in quotes and as far as it fits a line.
+// A text that others wrote, as far as it fits a line; and the same in quotes, with "..." if that is not all.
+std::string beginning_of(std::string_view text);
 std::string quoted(std::string_view text);

@@ -1,4 +1,4 @@
-#include "check/stands.hpp"
+#include "check/value_change.hpp"
 
 #include <charconv>
 
