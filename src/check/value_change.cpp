@@ -53,7 +53,7 @@ std::string change_of(const Json& json, const Row& row, const std::string& store
 {
     if (json.is_null() || (stored.empty() && json == Json("")))
         return {};
-    const std::string as_stored = "would be stored as " + (stored.empty() ? "nothing" : quoted(stored));
+    std::string as_stored = "would be stored as " + (stored.empty() ? "nothing" : quoted(stored));
     try {
         const Json read_back = codings::written(row.coding, stored, row.null_text).value_or(nullptr);
         if (stands(json, read_back, stored))
