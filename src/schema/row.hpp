@@ -53,7 +53,7 @@ struct Row {
     // A member. A path in an array has the number of the element.
     constexpr Row(std::string_view member, std::string_view flat_key, Coding as, std::string_view of_null,
         std::string_view text, Marks what = {})
-        : path(member), key(flat_key), coding(as), null_text(of_null), description(text), marks(what)
+        : path(member), key(flat_key), null_text(of_null), description(text), marks(what), coding(as)
     {
     }
 
@@ -61,19 +61,19 @@ struct Row {
     // path takes in rows that several tables have in common.
     constexpr Row(
         std::string_view member, std::string_view key_prefix, std::span<const Row> rows, Repeat often = {})
-        : path(member), key(key_prefix), group(rows), repeat(often)
+        : path(member), key(key_prefix), repeat(often), group(rows)
     {
     }
 
-    std::string_view path;  // names of members with dots between them
-    std::string_view key;   // of the settings file
-    Coding coding = Coding::TEXT;
+    std::string_view path;         // names of members with dots between them
+    std::string_view key;          // of the settings file
     std::string_view null_text;    // what a null in a document writes; empty: see json_text.hpp
     std::string_view description;  // for people
     Marks marks;
+    Coding coding = Coding::TEXT;
 
-    std::span<const Row> group;
     Repeat repeat;
+    std::span<const Row> group;
 };
 
 // The flat key with an element's number for its "#".
