@@ -5,7 +5,7 @@
 
 namespace {
 
-bool is_below(const InfoList::Entry& entry, std::string_view key)
+bool has_key_below(const InfoList::Entry& entry, std::string_view key)
 {
     return entry.first < key;
 }
@@ -48,13 +48,13 @@ void InfoList::clear()
 
 const infolist_item* InfoList::find(std::string_view key) const
 {
-    const auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, is_below);
+    const auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, has_key_below);
     return at != m_entries.end() && at->first == key ? &at->second : nullptr;
 }
 
 infolist_item& InfoList::operator[](std::string_view key)
 {
-    auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, is_below);
+    auto at = std::lower_bound(m_entries.begin(), m_entries.end(), key, has_key_below);
     if (at == m_entries.end() || at->first != key)
         at = m_entries.emplace(at, key, infolist_item{});
     return at->second;
