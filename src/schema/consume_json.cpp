@@ -16,24 +16,17 @@ void JsonConsumer::create_item(std::string key, std::string value)
     m_items.emplace_back(std::move(key), std::move(value));
 }
 
-namespace {
-
-std::pair<std::string, std::string> present_item(const std::string& key, const Params& params)
-{
-    return {key, params.nullable() && params.isNull() ? params.nullText() : params.declaredValue()};
-}
-
-}  // namespace
-
 void JsonConsumer::create_item(const std::string& key, const Params& params)
 {
     if (params.hasKey())
-        m_items.push_back(present_item(key, params));
+        create_item(key, params.declaredValue());
 }
 
 std::pair<std::string, std::string> JsonConsumer::parse_item(const std::string& key, const Params& params)
 {
-    return params.hasKey() ? present_item(key, params) : std::pair<std::string, std::string>();
+    if (!params.hasKey())
+        return {};
+    return {key, params.declaredValue()};
 }
 
 namespace {

@@ -2,8 +2,6 @@
 
 #include <cstdio>
 
-#include "schema/json_text.hpp"
-
 using json11::Json;
 
 namespace {
@@ -31,20 +29,9 @@ const Json* member_of(const Json* json, std::string_view component)
 bool has_key(const Json& json, const JsonPath& path)
 {
     const Json* at = &json;
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        if (i > 0 && at->is_null())
-            return false;
-        if (!at->is_object()) {
-            at = &child(*at, path[i]);
-            continue;
-        }
-        const auto& members = at->object_items();
-        const auto member = members.find(path[i]);
-        if (member == members.end())
-            return false;
-        at = &member->second;
-    }
-    return !path.empty();
+    for (std::size_t i = 0; i < path.size() && at; ++i)
+        at = i == 0 && !json.is_object() ? &child(json, path[i]) : member_of(at, path[i]);
+    return !path.empty() && at;
 }
 
 Json reduce(const Json& json, const JsonPath& path, bool debug)
@@ -71,75 +58,20 @@ Params& Params::push(std::string component)
 Params& Params::declare(Type type, std::string json_key, std::string default_text)
 {
     m_type = type;
-    m_default_text = std::move(default_text);
+    m_text = std::move(default_text);
     return push(std::move(json_key));
-}
-
-Params& Params::string(std::string json_key, std::string default_text)
-{
-    return declare(Type::STRING, std::move(json_key), std::move(default_text));
-}
-
-Params& Params::boolean(std::string json_key, std::string default_text)
-{
-    return declare(Type::BOOLEAN, std::move(json_key), std::move(default_text));
-}
-
-Params& Params::integer(std::string json_key, std::string default_text)
-{
-    return declare(Type::INTEGER, std::move(json_key), std::move(default_text));
-}
-
-Params& Params::number(std::string json_key, std::string default_text)
-{
-    return declare(Type::NUMBER, std::move(json_key), std::move(default_text));
-}
-
-Params& Params::array(std::string json_key)
-{
-    return declare(Type::ARRAY, std::move(json_key), "");
-}
-
-Params& Params::constant(std::string json_key, std::string text)
-{
-    m_const_text = std::move(text);
-    return declare(Type::CONST, std::move(json_key), "");
 }
 
 Params& Params::or_null(std::string text)
 {
-    m_nullable = true;
     m_null_text = std::move(text);
     return *this;
 }
 
-std::string Params::stringValue() const
-{
-    return string_text(reduce(document, path), m_default_text);
-}
-
-std::string Params::booleanValue() const
-{
-    return boolean_text(reduce(document, path), m_default_text);
-}
-
-std::string Params::integerValue() const
-{
-    return integer_text(reduce(document, path), m_default_text);
-}
-
-std::string Params::numberValue() const
-{
-    return number_text(reduce(document, path), m_default_text);
-}
-
-std::string Params::arrayValue(const std::string& separator) const
-{
-    return array_text(reduce(document, path), separator);
-}
-
 std::string Params::declaredValue() const
 {
+    if (m_null_text && isNull())
+        return *m_null_text;
     switch (m_type) {
     case Type::CONST: return constValue();
     case Type::STRING: return stringValue();

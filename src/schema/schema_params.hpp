@@ -6,10 +6,13 @@
 #pragma once
 
 #include <json11.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "schema/json_text.hpp"
 
 // Names of members, and decimal numbers for places in an array, from the top of the document down.
 using JsonPath = std::vector<std::string>;
@@ -28,38 +31,32 @@ json11::Json reduce(const json11::Json& json, const JsonPath& path, bool debug =
 
 class Params {
 public:
+    // As what a field is read. Of one that takes several types, the first of them in this order.
+    enum class Type { NONE, CONST, STRING, BOOLEAN, NUMBER, INTEGER, ARRAY };
+
     explicit Params(json11::Json json) : document(std::move(json)) {}
 
     // Steps into a member.
     Params& push(std::string component);
 
-    // Declarations of a leaf. Each steps into the member `json_key` and says as what its value is read;
-    // `default_text` is what a null reads as. Of a field that takes several types, only the one that it
-    // is read as is declared: a constant before a string, a string before numbers.
-    Params& string(std::string json_key, std::string default_text = "");
-    Params& boolean(std::string json_key, std::string default_text = "");
-    Params& integer(std::string json_key, std::string default_text = "");
-    Params& number(std::string json_key, std::string default_text = "");
-    Params& array(std::string json_key);
-    Params& constant(std::string json_key, std::string text);
+    // Steps into the leaf `json_key` and says as what it is read, and as what a null reads. Of a constant
+    // the text is the constant itself.
+    Params& declare(Type type, std::string json_key, std::string default_text = "");
     Params& or_null(std::string text = "");  // a null writes this text and no default
 
     bool hasKey() const { return has_key(document, path); }
-    bool isNull() const { return reduce(document, path).is_null(); }
+    bool isNull() const { return reduced().is_null(); }
 
-    // The document's value as flat text. A null, or a missing member, gives the default, and without
-    // one "" or "0".
-    std::string stringValue() const;   // anything but a string: its JSON text
-    std::string booleanValue() const;  // "1" for true, "0" for everything else
-    std::string integerValue() const;  // a string as it stands; a number cut to an integer; else "0"
-    std::string numberValue() const;   // a string as it stands; a number; else "0"
-    std::string arrayValue(const std::string& separator) const;  // no array: ""
-    std::string constValue() const { return m_const_text; }
+    // The document's value as flat text, as json_text.hpp tells it. A missing member counts as null.
+    std::string stringValue() const { return string_text(reduced(), m_text); }
+    std::string booleanValue() const { return boolean_text(reduced(), m_text); }
+    std::string integerValue() const { return integer_text(reduced(), m_text); }
+    std::string numberValue() const { return number_text(reduced(), m_text); }
+    std::string arrayValue(const std::string& separator) const { return array_text(reduced(), separator); }
+    std::string constValue() const { return m_text; }
 
     // The value as the field declares it.
     std::string declaredValue() const;
-    bool nullable() const { return m_nullable; }
-    const std::string& nullText() const { return m_null_text; }
 
     // Prints the path and the document on standard output.
     void debug() const;
@@ -68,13 +65,9 @@ public:
     JsonPath path;
 
 private:
-    enum class Type { NONE, CONST, STRING, BOOLEAN, NUMBER, INTEGER, ARRAY };
-
-    Params& declare(Type type, std::string json_key, std::string default_text);
+    json11::Json reduced() const { return reduce(document, path); }
 
     Type m_type = Type::NONE;
-    bool m_nullable = false;
-    std::string m_default_text;
-    std::string m_const_text;
-    std::string m_null_text;
+    std::string m_text;
+    std::optional<std::string> m_null_text;
 };

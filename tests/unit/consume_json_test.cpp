@@ -42,15 +42,17 @@ TEST(Values, NumbersKeepSixDecimalsAndIntegersTheirRange)
 
 TEST(ParseItem, ADeclarationDecidesWhatNullWrites)
 {
+    using Type = Params::Type;
     const Params params(parsed(R"({"k": null})"));
     const auto text = [](const Params& declared) {
         return JsonConsumer::parse_item("flat", declared).second;
     };
-    EXPECT_EQ(text(Params(params).string("k", "default").or_null()), "");
-    EXPECT_EQ(text(Params(params).integer("k").or_null("none")), "none");
-    EXPECT_EQ(text(Params(params).boolean("k", "1")), "1");
-    EXPECT_EQ(text(Params(params).constant("k", "c")), "c");
-    EXPECT_EQ(JsonConsumer::parse_item("flat", Params(params).number("absent", "1")).first, "");
+    EXPECT_EQ(text(Params(params).declare(Type::STRING, "k", "default").or_null()), "");
+    EXPECT_EQ(text(Params(params).declare(Type::INTEGER, "k").or_null("none")), "none");
+    EXPECT_EQ(text(Params(params).declare(Type::BOOLEAN, "k", "1")), "1");
+    EXPECT_EQ(text(Params(params).declare(Type::CONST, "k", "c")), "c");
+    EXPECT_EQ(
+        JsonConsumer::parse_item("flat", Params(params).declare(Type::NUMBER, "absent", "1")).first, "");
 }
 
 }  // namespace

@@ -2,15 +2,14 @@
 #pragma once
 
 #include "schema/fields/audio_normalizer.hpp"
+#include "schema/fields/output.hpp"
 
 namespace fields {
 
 using enum Coding;
 
 inline constexpr Row ALSA[] = {
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
-    {"autorestart", "autorestart", BOOLEAN, "0",
-        "If set, start the item through a management tool that auto-restarts the item on failure"},
+    {"", "", OUTPUT_START},
     {"driver", "driver", NULLABLE_CONSTANT, "alsa", ""},
     {"item", "item", NULLABLE_TEXT, "", "Channel path to feed from"},
     {"audio_volume", "audio volume", TEXT, "100", "Audio volume percent (0..100)"},
@@ -30,8 +29,7 @@ inline constexpr Row ALSA[] = {
     {"alsa_buffer_size", "alsa buffer size", NULLABLE_TEXT, "", "Buffer size of the audio output", STATUS},
     {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
         "Last error encountered when trying to open the audio output", STATUS},
-    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
-        "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
+    {"", "", AUTOSTART_ITEM},
     {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "",
         "Notes about the ALSA hardware and configuration.", DEBUG_STATUS},
 };

@@ -9,19 +9,20 @@ namespace fields {
 
 using enum Coding;
 
-// `minimum_level` is the default of the minimum level, whose text is not the same for every driver.
-constexpr std::array<Row, 13> audio_normalizer(std::string_view minimum_level)
+// The levels are what a null writes, whose text is not the same for every driver.
+constexpr std::array<Row, 13> audio_normalizer(
+    std::string_view minimum, std::string_view lower = "-6", std::string_view upper = "-3")
 {
     return {{
         {"audio_normalizer_attack", "audio normalizer attack", INTEGER, "1",
             "Normalizer attack in ms (recommended: 1ms)"},
         {"audio_normalizer_decay", "audio normalizer decay", INTEGER, "100",
             "Normalizer decay in ms (recommended: 1000ms)"},
-        {"audio_normalizer_minimum_level", "audio normalizer minimum level", NUMBER, minimum_level,
+        {"audio_normalizer_minimum_level", "audio normalizer minimum level", NUMBER, minimum,
             "Minimum level in dBFS (0=full volume, -6=6dBFS below full). Audio below this level is not amplified."},
-        {"audio_normalizer_lower_level", "audio normalizer lower level", NUMBER, "-6",
+        {"audio_normalizer_lower_level", "audio normalizer lower level", NUMBER, lower,
             "Lower level in dBFS. Audio at or above minimum level is amplified to this level."},
-        {"audio_normalizer_upper_level", "audio normalizer upper level", NUMBER, "-3",
+        {"audio_normalizer_upper_level", "audio normalizer upper level", NUMBER, upper,
             "Upper level in dBFS. Audio above this level is attenuated down to this level."},
         {"audio_normalizer_upper_level_2", "audio normalizer upper level 2", NULLABLE_NUMBER, "",
             "Upper level in dBFS, second pass. Can be used to hard limit audio levels after the first normalization pass."},

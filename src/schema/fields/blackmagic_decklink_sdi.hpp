@@ -2,15 +2,14 @@
 #pragma once
 
 #include "schema/fields/audio_normalizer.hpp"
+#include "schema/fields/output.hpp"
 
 namespace fields {
 
 using enum Coding;
 
 inline constexpr Row BLACKMAGIC_DECKLINK_SDI[] = {
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
-    {"autorestart", "autorestart", BOOLEAN, "0",
-        "If set, start the item through a management tool that auto-restarts the item on failure"},
+    {"", "", OUTPUT_START},
     {"driver", "driver", NULLABLE_CONSTANT, "blackmagic_decklink_sdi", ""},
     {"item", "item", NULLABLE_TEXT, "", "Channel path to feed from"},
     {"audio_volume", "audio volume", TEXT, "100",
@@ -139,8 +138,7 @@ inline constexpr Row BLACKMAGIC_DECKLINK_SDI[] = {
     {"eia_608_caption_status", "eia-608 caption status", NULLABLE_TEXT, "",
         "Caption data coming out of this output (sent to Line 21 and/or VANC), for debugging purposes.",
         STATUS},
-    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
-        "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
+    {"", "", AUTOSTART_ITEM},
 };
 
 }  // namespace fields

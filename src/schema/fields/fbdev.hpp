@@ -1,17 +1,14 @@
 // The members of an fbdev output's document, in their order.
 #pragma once
 
-#include "schema/row.hpp"
+#include "schema/fields/output.hpp"
 
 namespace fields {
 
 using enum Coding;
 
 inline constexpr Row FBDEV[] = {
-    // A text, unlike the flag below it.
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
-    {"autorestart", "autorestart", BOOLEAN, "0",
-        "If set, start the item through a management tool that auto-restarts the item on failure"},
+    {"", "", OUTPUT_START},
     {"driver", "driver", NULLABLE_CONSTANT, "fbdev", ""},
     {"item", "item", NULLABLE_TEXT, "", "Channel path to feed from"},
     {"force_width", "force width", NULLABLE_TEXT, "", "Force video output resolution to width"},
@@ -33,8 +30,7 @@ inline constexpr Row FBDEV[] = {
     {"using_device", "using device", NULLABLE_TEXT, "", "Framebuffer device currently in use", STATUS},
     {"using_fbcon", "using fbcon", NULLABLE_TEXT, "",
         "Whether or not the framebuffer console was taken over for the output's use.", STATUS},
-    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
-        "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
+    {"", "", AUTOSTART_ITEM},
 };
 
 }  // namespace fields

@@ -2,50 +2,34 @@
 // the encoder's prefix.
 #pragma once
 
-#include "schema/row.hpp"
+#include "schema/fields/stream_encoder.hpp"
 
 namespace fields {
 
 using enum Coding;
 
 inline constexpr Row ENC_AUDIO[] = {
-    {"encoder", "encoder", TEXT, "", "encoder to use (mp3, mp2, aac, ac-3, ogg-vorbis)"},
+    {"encoder", "encoder", TEXT, "", "encoder to use (mp3, mp2, aac, ac-3, ogg-vorbis)",
+        words("mp3|mp2|aac|ac-3|ogg-vorbis")},
     {"rate", "rate", TEXT, "", "Sample rate to encode to (leave blank to use default or source rate)"},
-    {"channels", "channels", TEXT, "", "Channels to encode to (leave blank to match source)"},
-    {"bitrate", "bitrate", TEXT, "",
-        "Bitrate to encode to in bits/sec. 128000 = 128kbps. Leave blank for codec default"},
-    {"min_bitrate", "min bitrate", TEXT, "", "Minimum bitrate to encode to. Triggers VBR"},
-    {"max_bitrate", "max bitrate", TEXT, "", "Maximum bitrate to encode to. Triggers VBR"},
-    {"quality", "quality", TEXT, "80", "Encoder quality setting (0...100). Trade quality for speed."},
-    {"vbr_quality", "vbr quality", TEXT, "80",
-        "VBR quality setting (0...100). Lower quality reduces the bitrate."},
-    {"highpass", "highpass", TEXT, "",
-        "Filter audio with highpass filter at value in Hz. Leave blank for default, or -1 to disable."},
-    {"lowpass", "lowpass", TEXT, "",
-        "Filter audio with lowpass filter at value in Hz. Leave blank for default, or -1 to disable."},
+    {"", "", CODEC_LEVELS},
     {"mp2__channel_mode", "mp2, channel mode", TEXT, "", "Set MP2 encoder channel mode"},
     {"mp3__channel_mode", "mp3, channel mode", TEXT, "", "Set MP3 encoder channel mode"},
-    {"enable", "enable", TEXT, "1", "Enable encoder"},
-    {"copyright", "copyright", TEXT, "0", "Set copyright bit"},
-    {"original", "original", TEXT, "1", "Set original bit"},
-    {"crc", "crc", TEXT, "0", "If supported by codec, add CRC field"},
-    {"debug_file", "debug file", TEXT, "0", "If set, write codec output to debug file on disk."},
+    {"", "", CODEC_SWITCHES},
     {"mp3__strict_iso", "mp3, strict iso", TEXT, "0", "MP3: strict ISO conformance (default off)"},
     {"mp3__bit_reservoir", "mp3, bit reservoir", TEXT, "1", "MP3: enable bit reservoir (default on)"},
-    {"aac__object_type", "aac, object type", TEXT, "low", "AAC: profile to encode for (main, low, ssr, ltp)"},
+    {"aac__object_type", "aac, object type", TEXT, "low", "AAC: profile to encode for (main, low, ssr, ltp)",
+        words("main|low|ssr|ltp")},
     {"name", "name", TEXT, "", "Associate this encoder with a user-friendly name."},
     {"ac3__dialog_normalization", "ac3, dialog normalization", TEXT, "-31",
         "AC-3 dialog normalization parameter."},
-    {"active", "active", TEXT, "",
-        "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
-        STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", ENCODER_STATUS},
 };
 
 inline constexpr Row ENC_VIDEO[] = {
     {"h_264_aud", "h.264 aud", TEXT, "", "H.264: whether to emit Access Unit Delimiters"},
-    {"encoder", "encoder", TEXT, "", "encoder to use (mpeg-1, mpeg-2, mpeg-4, h.264)"},
+    {"encoder", "encoder", TEXT, "", "encoder to use (mpeg-1, mpeg-2, mpeg-4, h.264)",
+        words("mpeg-1|mpeg-2|mpeg-4|h.264")},
     {"closed_gop", "closed gop", TEXT, "",
         "If set, encode with closed GOPs (Group of Pictures). Else, open GOP encoding. Open GOP encoding allows one GOP to re-use frames from the previous GOP."},
     {"chroma_format", "chroma format", TEXT, "", "If set, try to force a specific chroma format"},
@@ -101,11 +85,7 @@ inline constexpr Row ENC_VIDEO[] = {
     {"enable_h_264_nal_hrd", "enable h.264 nal hrd", TEXT, "",
         "Enable H.264 NAL hrd to signal CBR or VBR modes."},
     {"frame_rate_limit", "frame rate limit", TEXT, "", "Cap the frame rate at this amount (in Hz)"},
-    {"active", "active", TEXT, "",
-        "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
-        STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", ENCODER_STATUS},
 };
 
 }  // namespace fields

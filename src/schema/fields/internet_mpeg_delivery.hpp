@@ -2,7 +2,7 @@
 // follow the encoder's prefix.
 #pragma once
 
-#include "schema/row.hpp"
+#include "schema/fields/stream_encoder.hpp"
 
 namespace fields {
 
@@ -14,7 +14,8 @@ inline constexpr Row ENC_IPTV[] = {
     {"enable_ip", "enable ip", TEXT, "1", "Enable IPTV IP output"},
     {"multicast_loopback", "multicast loopback", TEXT, "",
         "Make multicast output listenable from local loopback"},
-    {"ip_protocol", "ip protocol", TEXT, "rtp", "IP protocol to use (choose from 'udp' 'rtp' or 'none')"},
+    {"ip_protocol", "ip protocol", TEXT, "rtp", "IP protocol to use (choose from 'udp' 'rtp' or 'none')",
+        words("udp|rtp|none")},
     {"ip_source", "ip source", TEXT, "", "IP address of ethernet interface to transmit from, if set."},
     {"ip_target", "ip target", TEXT, "239.1.1.1",
         "IP address to transmit to. Can be a unicast, broadcast, or multicast address."},
@@ -36,8 +37,7 @@ inline constexpr Row ENC_IPTV[] = {
     {"active", "active", TEXT, "",
         "Status display. Sent bytes indicate what has been sent to the network according to the operating system.",
         STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", LAST_WORDS},
 };
 
 // The un-numbered ASI output, which has no group of its own.
@@ -49,7 +49,8 @@ inline constexpr Row ENC_ASI[] = {
     {"asi__path", "asi, path", TEXT, "", "Specifies path for ASI driver, if needed"},
     {"asi__index", "asi, index", TEXT, "-1", "Specifies ASI device index"},
     {"asi__driver", "asi, driver", TEXT, "",
-        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
+        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers.",
+        words("file|cm_master_asi")},
     {"asi__active", "asi, active", TEXT, "", "Status display.", STATUS},
     {"asi__last_error", "asi, last error", TEXT, "", "Last error initializing the encoder", STATUS},
     {"asi__last_notes", "asi, last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
@@ -65,10 +66,10 @@ inline constexpr Row NUMBERED_ASI[] = {
     {"path", "path", TEXT, "", "Specifies path for ASI driver, if needed"},
     {"index", "index", TEXT, "-1", "Specifies ASI device index"},
     {"driver", "driver", TEXT, "",
-        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers."},
+        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers.",
+        words("file|cm_master_asi")},
     {"active", "active", TEXT, "", "Status display.", STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", LAST_WORDS},
 };
 
 }  // namespace fields

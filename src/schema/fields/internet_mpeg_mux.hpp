@@ -2,7 +2,7 @@
 // The flat keys follow the encoder's prefix.
 #pragma once
 
-#include "schema/row.hpp"
+#include "schema/fields/stream_encoder.hpp"
 
 namespace fields {
 
@@ -23,11 +23,7 @@ inline constexpr Row ENC_PS[] = {
     {"audio_system_delay", "audio system delay", TEXT, "", "System delay in multiplexer for audio"},
     {"vbr", "vbr", TEXT, "1",
         "If set, generate variable bitrate program stream up to max bitrate specified. If clear, generate constant bitrate PS"},
-    {"active", "active", TEXT, "",
-        "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
-        STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", ENCODER_STATUS},
 };
 
 // The multiplexer's members, and before its status those of RTMP, HLS and recording.
@@ -98,7 +94,8 @@ inline constexpr Row ENC_TS[] = {
     {"pcr_per_video_frame", "pcr per video frame", TEXT, "1",
         "Transmit PCR per video frame, regardless of TS interval or clock reference selection. Recommended for general DVB/ATSC standards compliance."},
     {"ac_3_mux_form", "ac-3 mux form", TEXT, "",
-        "AC-3 multiplexing form: valid values are 'atsc' and 'dvb' that affects how the AC-3 stream is listed in the PMT. Default ATSC."},
+        "AC-3 multiplexing form: valid values are 'atsc' and 'dvb' that affects how the AC-3 stream is listed in the PMT. Default ATSC.",
+        words("atsc|dvb")},
     {"ac_3_registration_descriptor", "ac-3 registration descriptor", TEXT, "",
         "Whether or not to insert the AC-3 registration descriptor in the PMT. Default on."},
     {"ac_3_descriptor_tag", "ac-3 descriptor tag", TEXT, "",
@@ -138,11 +135,7 @@ inline constexpr Row ENC_TS[] = {
     {"hls_segment_duration", "hls segment duration", TEXT, "10", "Duration of each HLS segment."},
     {"recording_active", "recording active", TEXT, "", "Status of recording", STATUS},
     {"hls_active", "hls active", TEXT, "", "Status of HLS streaming", STATUS},
-    {"active", "active", TEXT, "",
-        "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
-        STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", ENCODER_STATUS},
 };
 
 }  // namespace fields

@@ -19,12 +19,12 @@ inline constexpr Row SCHEDULE_PUSH[] = {
     {"ftp1_url", "ftp1 url", NULLABLE_TEXT, "",
         "Where to send schedule data: an FTP URL with user name, password, host and remote path, or an SFTP URL"},
     {"ftp1_interval", "ftp1 interval", NULLABLE_TEXT, "", "How often (in minutes)"},
-    {"ftp1_format", "ftp1 format", TEXT, "xml", "What format (HTML or XML)"},
+    {"ftp1_format", "ftp1 format", TEXT, "xml", "What format (HTML or XML)", words("html|xml")},
     {"ftp1_status", "ftp1 status", NULLABLE_TEXT, "", "Status", STATUS},
     {"ftp2_url", "ftp2 url", NULLABLE_TEXT, "",
         "Where to send schedule data: an FTP URL with user name, password, host and remote path, or an SFTP URL"},
     {"ftp2_interval", "ftp2 interval", NULLABLE_TEXT, "", "How often (in minutes)"},
-    {"ftp2_format", "ftp2 format", TEXT, "xml", "What format (HTML or XML)"},
+    {"ftp2_format", "ftp2 format", TEXT, "xml", "What format (HTML or XML)", words("html|xml")},
     {"ftp2_status", "ftp2 status", NULLABLE_TEXT, "", "Status", STATUS},
 };
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "schema/fields/audio_normalizer.hpp"
+#include "schema/fields/output.hpp"
+#include "schema/fields/stream_encoder.hpp"
 
 namespace fields {
 
@@ -13,27 +15,12 @@ inline constexpr Row SHOUT_CAST_ENCODER[] = {
     {"encoder", "encoder", TEXT, "", "encoder to use (mp3, mp2, aac, ac-3, ogg-vorbis)",
         words("mp3|mp2|aac|ac-3|ogg-vorbis")},
     {"rate", "rate", TEXT, "", "Sample rate to encode to (leave blank to match source)"},
-    {"channels", "channels", TEXT, "", "Channels to encode to (leave blank to match source)"},
-    {"bitrate", "bitrate", TEXT, "",
-        "Bitrate to encode to in bits/sec. 128000 = 128kbps. Leave blank for codec default"},
-    {"min_bitrate", "min bitrate", TEXT, "", "Minimum bitrate to encode to. Triggers VBR"},
-    {"max_bitrate", "max bitrate", TEXT, "", "Maximum bitrate to encode to. Triggers VBR"},
-    {"quality", "quality", TEXT, "80", "Encoder quality setting (0...100). Trade quality for speed."},
-    {"vbr_quality", "vbr quality", TEXT, "80",
-        "VBR quality setting (0...100). Lower quality reduces the bitrate."},
-    {"highpass", "highpass", TEXT, "",
-        "Filter audio with highpass filter at value in Hz. Leave blank for default, or -1 to disable."},
-    {"lowpass", "lowpass", TEXT, "",
-        "Filter audio with lowpass filter at value in Hz. Leave blank for default, or -1 to disable."},
+    {"", "", CODEC_LEVELS},
     {"mp2__channel_mode", "mp2, channel mode", TEXT, "", "Set MP2 encoder channel mode", WRITTEN_ALONE},
     {"mp2_channel_mode", "mp2, channel mode", TEXT, "", "Set MP2 encoder channel mode", READ_ALONE},
     {"mp3__channel_mode", "mp3, channel mode", TEXT, "", "Set MP3 encoder channel mode", WRITTEN_ALONE},
     {"mp3_channel_mode", "mp3, channel mode", TEXT, "", "Set MP3 encoder channel mode", READ_ALONE},
-    {"enable", "enable", TEXT, "1", "Enable encoder"},
-    {"copyright", "copyright", TEXT, "0", "Set copyright bit"},
-    {"original", "original", TEXT, "1", "Set original bit"},
-    {"crc", "crc", TEXT, "0", "If supported by codec, add CRC field"},
-    {"debug_file", "debug file", TEXT, "0", "If set, write codec output to debug file on disk."},
+    {"", "", CODEC_SWITCHES},
     {"mp3__strict_iso", "mp3, strict iso", TEXT, "", "MP3: strict ISO conformance (default off)",
         WRITTEN_ALONE},
     {"mp3_strict_iso", "mp3, strict iso", TEXT, "0", "MP3: strict ISO conformance (default off)", READ_ALONE},
@@ -50,20 +37,14 @@ inline constexpr Row SHOUT_CAST_ENCODER[] = {
         "AC-3 dialog normalization parameter.", WRITTEN_ALONE},
     {"ac3_dialog_normalization", "ac3, dialog normalization", TEXT, "-31",
         "AC-3 dialog normalization parameter.", READ_ALONE},
-    {"active", "active", TEXT, "",
-        "Status display, whether or not the encoder is active. Encoder is usually not active unless needed, including the act of listening to the stream.",
-        STATUS},
-    {"last_error", "last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"last_notes", "last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
+    {"", "", ENCODER_STATUS},
 };
 
 // The minimum level has a text of its own here.
 inline constexpr auto SHOUT_CAST_NORMALIZER = audio_normalizer("-24.000000");
 
 inline constexpr Row SHOUT_CAST[] = {
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
-    {"autorestart", "autorestart", BOOLEAN, "0",
-        "If set, start the item through a management tool that auto-restarts the item on failure"},
+    {"", "", OUTPUT_START},
     // Unlike the audio outputs', the document's own text counts.
     {"driver", "", CONSTANT, "shoutcast", "Driver to run output with", WRITTEN_ALONE},
     {"driver", "driver", TEXT, "", "Driver to run output with", READ_ALONE},
@@ -77,8 +58,7 @@ inline constexpr Row SHOUT_CAST[] = {
     {"", "", SHOUT_CAST_NORMALIZER},
     {"active", "active", NULLABLE_BOOLEAN, "",
         "Status display, whether or not the system is active. Encoders have their own status.", STATUS},
-    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
-        "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
+    {"", "", AUTOSTART_ITEM},
 };
 
 }  // namespace fields
