@@ -48,22 +48,19 @@ bool is_constant(const Row& row)
     return row.coding == Coding::CONSTANT || row.coding == Coding::NULLABLE_CONSTANT;
 }
 
-// Nothing where a null writes nothing.
-codings::MaybeText text_of_null(const Row& row)
+// The two members of a switch are booleans each.
+Coding alone(Coding coding)
 {
-    if (row.coding == Coding::SWITCH || row.coding == Coding::FORCE)
-        return std::string(row.null_text);
-    const Json around = Json::object();
-    const Json null;
-    return codings::read(row.coding, {&around, &null}, row.null_text);
+    return coding == Coding::SWITCH || coding == Coding::FORCE ? Coding::BOOLEAN : coding;
 }
 
-Json member_default(const Row& row, Coding written_as)
+// What a null writes, as a value of the member. Nothing where it writes nothing.
+std::optional<Json> member_default(const Row& row, Coding written_as)
 {
-    const bool is_switch = row.coding == Coding::SWITCH || row.coding == Coding::FORCE;
-    const auto text = text_of_null(row);
-    const auto json = codings::written(is_switch ? Coding::BOOLEAN : written_as, *text, row.null_text);
-    return json.value_or(nullptr);
+    const Json around = Json::object();
+    const Json null;
+    const auto text = codings::read(alone(row.coding), {&around, &null}, row.null_text);
+    return text ? codings::written(alone(written_as), *text, row.null_text) : std::nullopt;
 }
 
 // What the parts of a composite that are null or missing read as.
@@ -118,8 +115,8 @@ void add_row(Member& member, const Row& row)
     }
     if (row.marks.direction != Direction::WRITTEN) {
         member.is_read = true;
-        if (text_of_null(row))
-            schema["default"] = member_default(row, member.is_written ? member.written_as : row.coding);
+        if (const auto json = member_default(row, member.is_written ? member.written_as : row.coding))
+            schema["default"] = *json;
     }
 }
 

@@ -49,51 +49,60 @@ std::string JsonEmitterItem::flatten_json_key(
     return {};
 }
 
-namespace {
+// The entries whose keys begin with a group's prefix, which all of them have in common.
+struct EmitJson::Entries {
+    std::span<const JsonEmitterItem> items;
+    std::size_t prefix_size = 0;
 
-bool is_below(const JsonEmitterItem& item, std::string_view key)
-{
-    return item.key < key;
-}
+    std::string_view rest(const JsonEmitterItem& item) const { return item.key.substr(prefix_size); }
 
-bool is_ahead(const JsonEmitterItem& left, const JsonEmitterItem& right)
-{
-    return left.key < right.key;
-}
+    auto lower_bound(std::string_view key) const
+    {
+        return std::lower_bound(items.begin(), items.end(), key,
+            [this](const JsonEmitterItem& item, std::string_view wanted) { return rest(item) < wanted; });
+    }
 
-}  // namespace
+    const JsonEmitterItem* find(std::string_view key) const
+    {
+        const auto found = lower_bound(key);
+        return found == items.end() || rest(*found) != key ? nullptr : &*found;
+    }
+
+    std::string value(std::string_view key) const
+    {
+        const JsonEmitterItem* const item = find(key);
+        return std::string(item ? item->value : std::string_view());
+    }
+
+    Entries beginning_with(std::string_view prefix) const
+    {
+        const auto first = lower_bound(prefix);
+        const auto last = std::partition_point(first, items.end(),
+            [this, prefix](const JsonEmitterItem& item) { return rest(item).starts_with(prefix); });
+        return {{first, last}, prefix_size + prefix.size()};
+    }
+};
 
 void EmitJson::add(InfoList list)
 {
     const auto known = static_cast<std::ptrdiff_t>(m_items.size());
     if (known == 0)
         m_items.reserve(list.size());
-    std::ptrdiff_t place = 0;
-    for (const auto& [key, item] : list) {
-        const auto known_end = m_items.begin() + known;
-        const auto found = std::lower_bound(m_items.begin() + place, known_end, key, is_below);
-        place = found - m_items.begin();
-        if (found != known_end && found->key == key)
+    for (const auto& [key, item] : list)
+        if (Entries{{m_items.begin(), m_items.begin() + known}}.find(key))
             m_later[std::string(key)] = item.value;
         else
             m_items.push_back({item, key});
-    }
     if (known == static_cast<std::ptrdiff_t>(m_items.size()))
         return;
-    std::inplace_merge(m_items.begin(), m_items.begin() + known, m_items.end(), is_ahead);
+    std::inplace_merge(m_items.begin(), m_items.begin() + known, m_items.end(),
+        [](const JsonEmitterItem& left, const JsonEmitterItem& right) { return left.key < right.key; });
     m_lists.push_back(std::move(list));
-}
-
-const JsonEmitterItem* EmitJson::find(std::string_view key) const
-{
-    const auto found = std::lower_bound(m_items.begin(), m_items.end(), key, is_below);
-    return found == m_items.end() || found->key != key ? nullptr : &*found;
 }
 
 std::string EmitJson::value(std::string_view key) const
 {
-    const JsonEmitterItem* item = find(key);
-    return std::string(item ? item->value : std::string_view());
+    return Entries{m_items}.value(key);
 }
 
 Json EmitJson::null_or_value(std::string_view key) const
@@ -133,7 +142,7 @@ Json::array EmitJson::path(std::string_view key) const
 
 const JsonEmitterItem& EmitJson::get(std::string_view key) const
 {
-    const JsonEmitterItem* item = find(key);
+    const JsonEmitterItem* item = Entries{m_items}.find(key);
     if (!item)
         throw "Key not found";
     return *item;
@@ -255,35 +264,6 @@ private:
     }
 
     std::vector<Level> m_open = std::vector<Level>(1);
-};
-
-// The entries whose keys begin with a group's prefix, which all of them have in common.
-struct EmitJson::Entries {
-    std::span<const JsonEmitterItem> items;
-    std::size_t prefix_size = 0;
-
-    std::string_view rest(const JsonEmitterItem& item) const { return item.key.substr(prefix_size); }
-
-    auto lower_bound(std::string_view key) const
-    {
-        return std::lower_bound(items.begin(), items.end(), key,
-            [this](const JsonEmitterItem& item, std::string_view wanted) { return rest(item) < wanted; });
-    }
-
-    std::string value(std::string_view key) const
-    {
-        const auto found = lower_bound(key);
-        const bool has_key = found != items.end() && rest(*found) == key;
-        return std::string(has_key ? found->value : std::string_view());
-    }
-
-    Entries beginning_with(std::string_view prefix) const
-    {
-        const auto first = lower_bound(prefix);
-        const auto last = std::partition_point(first, items.end(),
-            [this, prefix](const JsonEmitterItem& item) { return rest(item).starts_with(prefix); });
-        return {{first, last}, prefix_size + prefix.size()};
-    }
 };
 
 Document EmitJson::members(const Table& table) const

@@ -84,7 +84,6 @@ private:
     class Tree;
     struct Entries;
 
-    const JsonEmitterItem* find(std::string_view key) const;
     static json11::Json::object object(const Table& table, const Entries& entries);
     static void write(const Table& table, const Entries& entries, Tree& tree);
     static void write_group(const Table& table, std::size_t group, const Entries& entries, Tree& tree);
