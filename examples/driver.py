@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
-"""A driver that does nothing but answer, after zelm-packets(5). Installed as /usr/bin/zelm_out_WORD it runs items."""
+"""A driver that does nothing but answer, as zelm-packets(5) tells. As /usr/bin/zelm_out_WORD it runs items."""
 import os, re, signal, socket, socketserver, struct, sys
 
 HEADER = struct.Struct("<4sIQB80sHI")  # magic, length, sequence, flags, command, count and offset of entries
 file = sys.argv[sys.argv.index("--file") + 1]
 lines = open(file, errors="surrogateescape").read().split("\n")
 settings = dict(line.split("=", 1) for line in lines if "=" in line and line[0] != "#")
-metadir = re.sub(r"[^/]*$", lambda name: "." + re.sub(r"[\0- \x7f%]", lambda b: "%%%02X" % ord(b[0]), name[0]), file, 1)
-entry = metadir + ".metadir/.media.item.active.socket"
+directory, name = os.path.split(file)
+name = re.sub(r"[\0- \x7f%]", lambda byte: "%%%02X" % ord(byte[0]), name)
+entry = f"{directory}/.{name}.metadir/.media.item.active.socket"
 
 def text_at(packet, offset):
     return packet[offset:packet.index(b"\0", offset)].decode(errors="surrogateescape")
@@ -26,12 +27,12 @@ def packed(sequence, command, report):
 class Client(socketserver.BaseRequestHandler):
     def handle(self):
         while request := self.request.recv(1 << 20):
-            _, _, sequence, _, command, count, table = HEADER.unpack_from(request)
+            _, _, sequence, _, command, _, table = HEADER.unpack_from(request)
             if command.startswith(b"set\0"):
-                key, value = (text_at(request, struct.unpack_from("<4xI", request, table + 16 * i)[0]) for i in (0, 1))
-                settings[key] = value
-            is_report = command.startswith(b"report\0")
-            report = [("*" + key, value) for key, value in settings.items()] + [("*active", "1")] if is_report else []
+                key, value = struct.unpack_from("<4xI8x4xI8x", request, table)  # where their texts are
+                settings[text_at(request, key)] = text_at(request, value)
+            report = [("*active", "1")] if command.startswith(b"report\0") else []
+            report += [("*" + key, value) for key, value in settings.items() if report]
             self.request.send(packed(sequence, command, report))
 
 class Server(socketserver.ThreadingUnixStreamServer):
