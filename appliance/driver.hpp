@@ -6,9 +6,9 @@
 #include <poll.h>
 #include <vector>
 
-#include "driver/item_socket.hpp"
 #include "driver_state.hpp"
 #include "platform/io.hpp"
+#include "zelm_driver/item_socket.hpp"
 
 class Driver {
 public:
@@ -40,7 +40,7 @@ private:
     void end_if_told();
 
     DriverState m_state;
-    ItemSocket m_socket;
+    zelm_driver::ItemSocket m_socket;
     Descriptor m_signals;
     std::vector<Client> m_clients;
     bool m_ended = false;

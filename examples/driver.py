@@ -1,50 +1,71 @@
 #!/usr/bin/env python3
-"""A driver that does nothing but answer, as zelm-packets(5) tells. As /usr/bin/zelm_out_WORD it runs items."""
-import os, re, signal, socket, socketserver, struct, sys
+"""A driver after zelm-packets(5), in Python's standard library alone: it shows a title that can be changed meanwhile.
 
-HEADER = struct.Struct("<4sIQB80sHI")  # magic, length, sequence, flags, command, count and offset of entries
-file = sys.argv[sys.argv.index("--file") + 1]
-lines = open(file, errors="surrogateescape").read().split("\n")
-settings = dict(line.split("=", 1) for line in lines if "=" in line and line[0] != "#")
-directory, name = os.path.split(file)
-name = re.sub(r"[\0- \x7f%]", lambda byte: "%%%02X" % ord(byte[0]), name)
-entry = f"{directory}/.{name}.metadir/.media.item.active.socket"
+Put it in the place of a driver, such as /usr/bin/zelm_out_newtek_ndi, and "zelm_outctl -c start" starts it. Names
+that are too long for a metadir or for a socket's address are left out here.
+"""
+import contextlib, errno, fcntl, os, re, signal, socket, struct, sys, threading, time
 
-def text_at(packet, offset):
-    return packet[offset:packet.index(b"\0", offset)].decode(errors="surrogateescape")
+HEADER = struct.Struct("<4sIQB80sHI")  # magic, length, sequence, flags, command, count and offset of the entries
+status = {b"active": b"1", b"title": b"untitled"}
 
-def packed(sequence, command, report):
+def reply(sequence, command, lines):
     texts = table = b""
-    for pair in report:
-        offsets = []
-        for text in pair:
-            offsets.append(HEADER.size + len(texts))
-            texts += text.encode(errors="surrogateescape") + b"\0"
-        table += struct.pack("<IIQ", *offsets, 0)
+    for key, value in lines.items():
+        name = HEADER.size + len(texts)
+        texts += b"*%s\0%s\0" % (key, value)
+        table += struct.pack("<IIQ", name, name + len(key) + 2, 0)
     end = HEADER.size + len(texts)
-    return HEADER.pack(b"TVP4", end + len(table), sequence, 0, command, len(report), end) + texts + table
+    return HEADER.pack(b"TVP4", end + len(table), sequence, 0, command, len(lines), end) + texts + table
 
-class Client(socketserver.BaseRequestHandler):
-    def handle(self):
-        while request := self.request.recv(1 << 20):
-            _, _, sequence, _, command, _, table = HEADER.unpack_from(request)
-            if command.startswith(b"set\0"):
-                key, value = struct.unpack_from("<4xI8x4xI8x", request, table)  # where their texts are
-                settings[text_at(request, key)] = text_at(request, value)
-            report = [("*active", "1")] if command.startswith(b"report\0") else []
-            report += [("*" + key, value) for key, value in settings.items() if report]
-            self.request.send(packed(sequence, command, report))
+def talk(client):  # in a thread of its own, so that whatever is wrong with a request ends this connection alone
+    with client:
+        while packet := client.recv(1 << 20):
+            _, _, sequence, flags, command, count, table = HEADER.unpack_from(packet)
+            if flags & 1:
+                values = [struct.unpack_from("<4xI", packet, table + 16 * entry)[0] for entry in range(count)]
+                command, values = command.rstrip(b"\0"), [packet[at:packet.index(b"\0", at)] for at in values]
+                if command == b"set" and values[0] == b"title":
+                    status[b"title"] = values[1] or b"untitled"  # an empty value removes the setting
+                client.send(reply(sequence, command, status if command == b"report" else {}))
 
-class Server(socketserver.ThreadingUnixStreamServer):
-    socket_type, daemon_threads = socket.SOCK_SEQPACKET, True
+def accept(listener):
+    while True:
+        try:
+            threading.Thread(target=talk, args=listener.accept()[:1], daemon=True).start()
+        except (OSError, RuntimeError):
+            time.sleep(0.1)  # no descriptor or thread is left for this client
 
-os.makedirs(os.path.dirname(entry), exist_ok=True)
-if socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET).connect_ex(entry) == 0:
-    sys.exit("another driver serves " + file)
-if os.path.lexists(entry):
+def listen(metadir, entry):  # drivers that come up at once do it one after the other
+    os.makedirs(metadir, exist_ok=True)
+    lock = os.open(metadir, os.O_DIRECTORY | os.O_NOFOLLOW)
+    for _ in range(200):
+        with contextlib.suppress(BlockingIOError):
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+            break
+        time.sleep(0.01)
+    with socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET | socket.SOCK_NONBLOCK) as client:
+        if client.connect_ex(entry) not in (errno.ECONNREFUSED, errno.ENOENT):
+            sys.exit("another driver serves the item")
+    with contextlib.suppress(FileNotFoundError):
+        os.unlink(entry)
+    listener = socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET)
+    listener.bind(entry)
+    listener.listen(128)
+    os.close(lock)
+    return listener
+
+def main(_, file):  # --file SETTINGS
+    endings = {signal.SIGTERM, signal.SIGINT}
+    signal.pthread_sigmask(signal.SIG_BLOCK, endings)
+    with open(file, "rb") as settings:
+        status.update(re.findall(rb"^(title)=(.*)", settings.read(), re.M))
+    directory, name = os.path.split(os.fsencode(file))
+    name = re.sub(rb"[\0- %\x7f]", lambda byte: b"%%%02X" % ord(byte[0]), name)
+    metadir = os.path.join(directory, b".%s.metadir" % name)
+    entry = metadir + b"/.media.item.active.socket"
+    threading.Thread(target=accept, args=[listen(metadir, entry)], daemon=True).start()
+    signal.sigwait(endings)
     os.unlink(entry)
-signal.signal(signal.SIGTERM, lambda *_: sys.exit())
-try:
-    Server(entry, Client).serve_forever()
-finally:
-    os.unlink(entry)
+
+main(*sys.argv[1:])

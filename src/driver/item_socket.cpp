@@ -1,15 +1,17 @@
-#include "driver/item_socket.hpp"
+#include "zelm_driver/item_socket.hpp"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include "platform/metadata.hpp"
 #include "platform/socket_io.hpp"
 
+namespace zelm_driver {
 namespace {
 
 constexpr char SHORT_PATHS[] = "/run/item-sockets";
@@ -51,24 +53,35 @@ bool bind_at(int socket, const std::string& path)
 
 }  // namespace
 
+struct ItemSocket::Parts {
+    // The kernel's table has to show the path whole. Drivers of several users share the directory of short
+    // ones, so that each may make its entry and remove only its own.
+    bool bind_short(const std::string& path)
+    {
+        if (::mkdir(SHORT_PATHS, 01777) == 0)
+            ::chmod(SHORT_PATHS, 01777);
+        target = std::string(SHORT_PATHS) + "/" + std::to_string(::getpid()) + "." +
+                 std::to_string(listener.get());
+        return bind_at(listener.get(), target) && ::symlink(target.c_str(), path.c_str()) == 0;
+    }
+
+    Descriptor listener;
+    std::string entry;   // what to remove: in the metadir,
+    std::string target;  // and where that leads, if it is a link
+    struct stat made {};
+};
+
+ItemSocket::ItemSocket() : m_parts(std::make_unique<Parts>()) {}
+
 ItemSocket::~ItemSocket()
 {
     struct stat there {};
-    const bool ours = !m_entry.empty() && ::lstat(m_entry.c_str(), &there) == 0 &&
-                      there.st_dev == m_made.st_dev && there.st_ino == m_made.st_ino;
+    const bool ours = !m_parts->entry.empty() && ::lstat(m_parts->entry.c_str(), &there) == 0 &&
+                      there.st_dev == m_parts->made.st_dev && there.st_ino == m_parts->made.st_ino;
     if (ours)
-        ::unlink(m_entry.c_str());
-    if (!m_target.empty())
-        ::unlink(m_target.c_str());
-}
-
-// Drivers of several users share the directory, so that each may make its entry and remove only its own.
-bool ItemSocket::bind_short(const std::string& entry)
-{
-    if (::mkdir(SHORT_PATHS, 01777) == 0)
-        ::chmod(SHORT_PATHS, 01777);
-    m_target = std::string(SHORT_PATHS) + "/" + std::to_string(::getpid());
-    return bind_at(m_listener.get(), m_target) && ::symlink(m_target.c_str(), entry.c_str()) == 0;
+        ::unlink(m_parts->entry.c_str());
+    if (!m_parts->target.empty())
+        ::unlink(m_parts->target.c_str());
 }
 
 bool ItemSocket::listen(const std::string& metadir, int backlog)
@@ -79,19 +92,27 @@ bool ItemSocket::listen(const std::string& metadir, int backlog)
         errno = EADDRINUSE;
         return false;
     }
-    m_listener.reset(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    if (!m_listener || !remove_entry(entry))
+    Descriptor& listener = m_parts->listener;
+    listener.reset(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
+    if (!listener || !remove_entry(entry))
         return false;
     const bool fits = entry.size() < sizeof sockaddr_un::sun_path;
-    const bool bound = fits ? bind_at(m_listener.get(), entry) : bind_short(entry);
-    if (!bound || ::lstat(entry.c_str(), &m_made) != 0)
+    const bool bound = fits ? bind_at(listener.get(), entry) : m_parts->bind_short(entry);
+    if (!bound || ::lstat(entry.c_str(), &m_parts->made) != 0)
         return false;
-    m_entry = entry;
-    return ::listen(m_listener.get(), backlog) == 0;
+    m_parts->entry = entry;
+    return ::listen(listener.get(), backlog) == 0;
+}
+
+int ItemSocket::get() const
+{
+    return m_parts->listener.get();
 }
 
 void ItemSocket::leave()
 {
-    m_entry.clear();
-    m_target.clear();
+    m_parts->entry.clear();
+    m_parts->target.clear();
 }
+
+}  // namespace zelm_driver

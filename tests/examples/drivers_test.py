@@ -1,0 +1,89 @@
+"""The example drivers as drivers of an item, in the sandbox:
+drivers_test.py --program DRIVER | --install DIRECTORY-OF-THE-LIBRARY."""
+
+import contextlib
+import os
+import pathlib
+import socket
+import struct
+import subprocess
+import sys
+import time
+
+EXAMPLES = pathlib.Path(__file__).resolve().parents[2] / "examples"
+PROGRAM = pathlib.Path("/usr/bin/zelm_out_newtek_ndi")
+WORK = pathlib.Path("/run/e2e.examples")
+ENTRY = "/mnt/main/tv/outputs/.x%20y.metadir/.media.item.active.socket"
+
+
+def run(*command):
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
+
+
+def tool(command, *arguments):
+    return subprocess.run(["zelm_outctl", "-c", command, "-o", "x y", *arguments], stdout=subprocess.PIPE,
+                          stderr=subprocess.STDOUT, text=True).stdout
+
+
+def comes_to_be(state):
+    deadline = time.monotonic() + 30
+    while tool("status") != f"Driver newtek_ndi process is {state}\n":
+        assert time.monotonic() < deadline, f"it is not {state}"
+        time.sleep(0.02)
+
+
+def by_find_package():
+    run("cmake", "--install", sys.argv[2], "--prefix", WORK / "kit", "--component", "driver")
+    run("cmake", "-S", EXAMPLES, "-B", WORK / "build", f"-DCMAKE_PREFIX_PATH={WORK}/kit")
+    run("cmake", "--build", WORK / "build")
+    return WORK / "build/driver"
+
+
+def by_pkg_config():
+    # A driver has names of its own, which may be those of what lies beneath the library.
+    (WORK / "clash.cpp").write_text("int mkdir_p(const char*, unsigned, int) { __builtin_abort(); }")
+    os.environ["PKG_CONFIG_PATH"] = str(next(WORK.rglob("zelm_driver.pc")).parent)
+    flags = run("pkg-config", "--cflags", "--libs", "zelm_driver").split()
+    run("c++", "-o", WORK / "driver", EXAMPLES / "driver.cpp", WORK / "clash.cpp", *flags)
+    return WORK / "driver"
+
+
+def bother(packets):
+    """A client that sends as much as is taken, and reads nothing."""
+    client = socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET)
+    client.connect(ENTRY)
+    client.setblocking(False)
+    with contextlib.suppress(BlockingIOError, BrokenPipeError, ConnectionResetError):
+        for packet in packets:
+            client.send(packet)
+    return client
+
+
+def request(word, count=0, table=0x67):
+    return struct.pack("<4sIQB80sHI", b"TVP4", 0x67, 1, 1, word, count, table)
+
+
+def check(program):
+    PROGRAM.unlink()
+    PROGRAM.symlink_to(program)
+    tool("set", "--set", "driver=newtek_ndi", "--set", "title=One")
+    tool("start")
+    comes_to_be("running")
+    assert "\t*\ttitle=One\n" in tool("list")
+    clients = [bother(packets) for packets in (
+        [b"short"], [b""], [request(b"set")], [request(b"set", 2, 0xffffffff)], [request(b"x" * 80, 65535)],
+        [request(b"report")] * 5000)]
+    assert tool("set", "--set", "title=Two", "--set", "+title=no") == ""
+    assert "\t*\ttitle=Two\n" in tool("list"), f"bothered by one of {clients}"
+    second = subprocess.run([program, "--file", "/mnt/main/tv/outputs/x y"], stderr=subprocess.PIPE, text=True, timeout=30)
+    assert second.returncode == 1 and second.stderr.count("\n") == 1 and "=Two" in tool("list"), second
+    tool("stop")
+    comes_to_be("stopped")
+    assert not os.path.lexists(ENTRY), "the entry stays"
+
+
+WORK.mkdir()
+os.environ.update(HOME=str(WORK), TMPDIR=str(WORK))
+tool("create")
+for driver in [sys.argv[2]] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]:
+    check(driver)
