@@ -77,20 +77,4 @@ TEST(CommSocket, ReplySentBeforeHangingUpIsStillRead)
     EXPECT_LT(comm_socket_v4_idle(client.get()), 0);
 }
 
-TEST(SocketIo, SendingNeverWaitsAndNeverKillsTheSender)
-{
-    int ends[2];
-    ASSERT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends), 0);
-    const Descriptor near(ends[0]);
-    Descriptor far(ends[1]);
-    int sent = 1;
-    for (int i = 0; i < 100000 && sent > 0; ++i)
-        sent = send_packet(near.get(), std::vector<unsigned char>(1000));
-    EXPECT_EQ(sent, 0) << "a peer that reads nothing";
-    far.reset();
-    EXPECT_LT(send_packet(near.get(), std::vector<unsigned char>(1)), 0) << "a peer that has gone";
-    std::vector<unsigned char> received;
-    EXPECT_EQ(receive_packet(near.get(), received), Received::HUNG_UP);
-}
-
 }  // namespace
