@@ -108,7 +108,7 @@ def remove(item):
         item.stop()
     if found:
         item.change("delete")
-    return {"before": {"state": "there" if found else "absent"}, "after": {"state": "absent"}}
+    return {"before": {"state": "present" if found else "absent"}, "after": {"state": "absent"}}
 
 
 def bring_about(item, wanted):
