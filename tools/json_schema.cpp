@@ -1,4 +1,4 @@
-#include "json_schema.hpp"
+#include "tools/json_schema.hpp"
 
 #include <algorithm>
 #include <map>

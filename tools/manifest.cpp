@@ -1,4 +1,4 @@
-#include "manifest.hpp"
+#include "tools/manifest.hpp"
 
 #include <map>
 

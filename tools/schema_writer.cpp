@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "json_schema.hpp"
-#include "manifest.hpp"
+#include "tools/json_schema.hpp"
+#include "tools/manifest.hpp"
 
 namespace {
 
