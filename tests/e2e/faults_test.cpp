@@ -15,7 +15,7 @@ struct Command {
     std::string command_line;
     Files before;
     Files after;
-    std::string again = "";  // what completes the change after a run that was killed, if not the same
+    std::string again = {};  // what completes the change after a run that was killed, if not the same
 };
 
 const std::string MARKED = "#multiline\nb=2\na=1\n";
