@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
+#include <sstream>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -137,7 +137,9 @@ void write_file(const std::string& path, const std::string& text)
 std::string read_file(const std::string& path)
 {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream text;
+    text << file.rdbuf();  // which throws nothing when a process goes while its file in /proc is read
+    return text.str();
 }
 
 bool exists(const std::string& path)
