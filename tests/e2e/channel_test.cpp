@@ -15,7 +15,6 @@ TEST_F(Channel, TakesADocumentIntoItsFile)
         R"(zelm_chctl -c set -o channel1 --json-out '{"behavior": {"recoverySpeed": null, "systemDelay": {}},
         "audio": {"normalizer": {"enable": true, "passes": [{}, {"upper": null}]}},
         "regions": {"item": {"media": {"path": ["", "mnt", "a b.png"]}, "video": {"enable": true}}}}')");
-    // A key of the normalizer stands twice; those of its second pass end in "=".
     EXPECT_EQ(read_file(m_file),
         "#multiline\nfoo=bar\nsystem delay=1s\naudio normalizer enable=1\n"
         "audio normalizer enable=1\naudio normalizer upper level 2==-3\nitem=/mnt/a b.png\n"

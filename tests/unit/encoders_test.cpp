@@ -58,17 +58,13 @@ TEST(Encoders, DocumentsChangeOnlyWhatTheyName)
         {"shoutcast",
             R"({"enc": [{"rate": "1"}, null, {"rate": "3", "mp3__strict_iso": "1"}, {"rate": "4"}]})",
             {{"enc0, rate", "1"}, {"enc2, rate", "3"}}},
-        // What is no array has no encoders, whatever its members are called.
         {"shoutcast", R"({"enc": {"0": {"rate": "1"}}, "item": "/one"})", {{"item", "/one"}}},
         {"internet_mpeg",
             R"({"enc": [null, {"audio": {"rate": 48000}}, {"ps": {"vbr": null}}, {"asi__index": "4"}]})",
             {{"enc1, audio, rate", "48000"}, {"enc2, ps, vbr", "1"}}},
         {"internet_mpeg", R"({"enc": [{"audio": null, "video": {"name": "hd"}, "asi": null}]})",
             {{"enc0, video, name", "hd"}}},
-        // A numbered ASI output hangs on the same output of the encoder with its number: where encoder 1 has
-        // no second output, none has, and its own is enough for the others. So with the first output and
-        // encoder 0.
-        {"internet_mpeg", R"({"enc": [{"asi": [null, {"path": "/a"}]}]})", {}},
+        // Output j of every encoder hangs on output j of encoder j.
         {"internet_mpeg",
             R"({"enc": [{"asi": [{}, {"path": "/a"}]}, {"asi": [{}, null]}, {"asi": [{}, {"path": "/c"}]}]})",
             {}},

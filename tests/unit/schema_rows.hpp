@@ -86,9 +86,9 @@ inline std::map<std::string, std::string> key_lists()
 }
 
 // The rows of a list such as "item; drm master:switch=0@kms.master.enable; catch up speed:number?/number":
-// each is a flat key, its kind or kinds, what its null writes, the place of its member below `path`, a sample
-// and the empty form. Without a place a member has the name of its key with underscores, and none begins with
-// a digit.
+// flat keys, each with its kinds, what its null writes, the place of its member below `path`, a sample and
+// the empty form. Without a place a member has the name of its key with underscores, and none begins with a
+// digit.
 inline Rows rows(const std::string& list, const std::string& usual_kind = "text?", const JsonPath& path = {},
     const std::string& prefix = "")
 {
