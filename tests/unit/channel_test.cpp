@@ -85,7 +85,7 @@ TEST(Channel, AFlatTextItsMemberAndTheFlatTextAgain)
         {"item playback", "regions.item.media.played", {{"12.5", "12", "12"}, {NEVER, "12.5", "12.5"}}},
         {"audio normalizer upper level", "audio.normalizer.passes.0.upper", {{"loud", "0", "0"}}},
         {"audio meter", "audio.meter",
-            {{"-12.5", "[]", NOTHING}, {"-12.5, -inf", R"([-12.5, "Number.NEGATIVE_INFINITY"])", NOTHING}}},
+            {{"-12.5", "[]", NOTHING}, {"-12.5 , -inf ", R"([-12.5, "Number.NEGATIVE_INFINITY"])", NOTHING}}},
         // The expiration needs both members, the system delay only the object.
         {"expiration delay", "behavior.expirationDelay",
             {{"", "{}", NOTHING}, {"15", R"({"count": 1, "units": "5"})", "15"},
