@@ -162,15 +162,6 @@ TEST_F(Settings, AreRewrittenLineByLine)
         EXPECT_EQ(read_file(directory + "a"), "#!video-passthru\n#multiline\nb=2\na=1\n") << directory;
 }
 
-TEST_F(Settings, ABigFileIsRewrittenWhole)
-{
-    std::string file = "#multiline\n";
-    for (int i = 0; i < 20000; ++i)
-        file +=
-            "key " + std::to_string(i) + "=" + std::string(static_cast<std::size_t>(i % 900), 'v') + "x\n";
-    EXPECT_EQ(after_set(file, "--set a=1"), file + "a=1\n");
-}
-
 TEST_F(Settings, KeepTheirOwnerWhileTheUmaskGivesTheMode)
 {
     write_file(FILE_A, "b=2\n");
