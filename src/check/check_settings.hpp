@@ -2,7 +2,7 @@
 #pragma once
 
 #include "check/findings.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 // False, with errno set, if the file can't be read.
 bool check_settings(int file, ItemKind kind, Findings& findings);

@@ -1,7 +1,7 @@
 #include "check/document_effect.hpp"
 
 #include "schema/create_consumer.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 std::string DocumentEffect::value(const std::string& key) const
 {

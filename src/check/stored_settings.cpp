@@ -2,7 +2,7 @@
 
 #include "platform/io.hpp"
 #include "schema/composite_text.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 std::size_t StoredSettings::take(std::string_view key, std::string_view value, std::size_t line)
 {

@@ -15,7 +15,7 @@
 #include "control/run_state.hpp"
 #include "control/usage.hpp"
 #include "control/whole_file.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 namespace {
 

@@ -9,7 +9,7 @@
 
 #include "control/items.hpp"
 #include "control/run_state.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/mediaitem.hpp"
-#include "schema/infolist_item.hpp"
+#include "settings/infolist_item.hpp"
 
 // Reads the settings file of the item with that name in itemdir, which must be open. Empties the list
 // first. 0, or -1 when there is no such file.

@@ -10,7 +10,7 @@
 
 #include "control/run_state.hpp"
 #include "platform/metadata.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 namespace {
 

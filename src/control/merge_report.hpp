@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "platform/comm.hpp"
-#include "schema/infolist_item.hpp"
+#include "settings/infolist_item.hpp"
 
 // What one reply may add to a listing, in bytes of text: a small packet can name one long text many times.
 constexpr std::size_t REPORT_LIMIT = std::size_t{16} << 20;

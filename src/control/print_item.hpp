@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "schema/infolist_item.hpp"
+#include "settings/infolist_item.hpp"
 
 // Appends the item: its name and "{", the entries that the summary switches leave, and "}".
 void print_item(std::string& out, const std::string& name, const InfoList& list);

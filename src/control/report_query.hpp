@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "control/report_exchange.hpp"
-#include "schema/infolist_item.hpp"
+#include "settings/infolist_item.hpp"
 
 // Sends "report" to the item at the socket `path` and merges the reply into the list: what the item
 // reports replaces what the list held under the same key. 1 when a reply was merged, 0 when none came,

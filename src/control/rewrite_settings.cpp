@@ -8,7 +8,7 @@
 
 #include "control/infolist.hpp"
 #include "platform/io.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 namespace {
 

@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "schema/document.hpp"
-#include "schema/infolist_item.hpp"
 #include "schema/packed_table.hpp"
+#include "settings/infolist_item.hpp"
 
 struct JsonEmitterItem : infolist_item {
     std::string_view key;

@@ -20,7 +20,7 @@
 #include "schema/fields/trigger_rs232.hpp"
 #include "schema/fields/video_passthru.hpp"
 #include "schema/fields/x11.hpp"
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 struct Schema {
     std::string_view driver;  // "channel" for the document of a channel, which has no driver word

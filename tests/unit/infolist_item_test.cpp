@@ -1,4 +1,4 @@
-#include "schema/infolist_item.hpp"
+#include "settings/infolist_item.hpp"
 
 #include <gtest/gtest.h>
 

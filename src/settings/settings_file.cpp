@@ -1,4 +1,4 @@
-#include "schema/settings_file.hpp"
+#include "settings/settings_file.hpp"
 
 #include <algorithm>
 #include <strings.h>
