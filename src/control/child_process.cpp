@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "control/run_state.hpp"
+#include "platform/signals.hpp"
 
 namespace {
 
@@ -25,6 +26,7 @@ void execute(const Arguments& arguments)
     for (const std::string& argument : arguments)
         vector.push_back(const_cast<char*>(argument.c_str()));
     vector.push_back(nullptr);
+    heed_realtime_signals();
     ::execv(vector[0], vector.data());
     ::_exit(1);
 }

@@ -239,7 +239,6 @@ std::string list_items(std::shared_ptr<EmitJson>& emitter)
 
 int do_list(std::shared_ptr<EmitJson>& emitter)
 {
-    read_kernel_uptime();
     if (build_itemlist() != 0)
         return 1;
     std::erase_if(itemlist, [](const std::string& name) { return !to_what.empty() && name != to_what; });
@@ -248,6 +247,7 @@ int do_list(std::shared_ptr<EmitJson>& emitter)
             std::fprintf(stdout_write, "%s\n", name.c_str());
         return 0;
     }
+    read_kernel_uptime();
     const std::string text = list_items(emitter);
     std::fwrite(text.data(), 1, text.size(), stdout_write);
     return 0;

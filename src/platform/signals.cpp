@@ -2,17 +2,31 @@
 
 #include <csignal>
 
-void util_check_and_unmask_common_signals()
+namespace {
+
+// The numbers that the C library keeps for itself fail here, and are of no concern.
+void heed_signals(int first, int last)
 {
-    // The numbers that the C library keeps for itself fail here, and are of no concern.
-    for (int number = 1; number <= SIGRTMAX; ++number) {
+    for (int number = first; number <= last; ++number) {
         struct sigaction current {};
         if (::sigaction(number, nullptr, &current) == 0 && current.sa_handler == SIG_IGN)
             ::signal(number, SIG_DFL);
     }
+}
+
+}  // namespace
+
+void util_check_and_unmask_common_signals()
+{
+    heed_signals(1, SIGSYS);
     sigset_t none;
     sigemptyset(&none);
     ::sigprocmask(SIG_SETMASK, &none, nullptr);
+}
+
+void heed_realtime_signals()
+{
+    heed_signals(SIGSYS + 1, SIGRTMAX);
 }
 
 void let_oversized_writes_fail()

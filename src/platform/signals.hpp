@@ -5,6 +5,10 @@
 // program had set: drivers inherit the result, and alarm(2) relies on it.
 void util_check_and_unmask_common_signals();
 
+// Puts the default actions of the others in force. Only programs that are executed may use those, so it is
+// done for them alone.
+void heed_realtime_signals();
+
 // Makes a write beyond the limit on the size of files fail with EFBIG, as on a full disk, and not end the
 // process. A program that the process executes gets the default action again.
 void let_oversized_writes_fail();
