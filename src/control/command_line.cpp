@@ -21,7 +21,7 @@ struct Scan {
 std::string read_all(int fd)
 {
     std::string text;
-    char block[4096];
+    char block[std::size_t{64} * 1024];
     for (;;) {
         const ssize_t got = TEMP_FAILURE_RETRY(::read(fd, block, sizeof block));
         if (got <= 0)
