@@ -39,11 +39,7 @@ namespace {
 
 ssize_t send_once(int socket, const std::vector<unsigned char>& bytes)
 {
-    ssize_t sent = -1;
-    do
-        sent = ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-    while (sent < 0 && errno == EINTR);
-    return sent;
+    return ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
 }
 
 // The limit for everybody is tried first and the privileged call, which may go beyond it, second.
@@ -75,11 +71,7 @@ namespace {
 
 ssize_t receive_once(int socket, void* into, std::size_t size, int flags)
 {
-    ssize_t got = -1;
-    do
-        got = ::recv(socket, into, size, flags | MSG_DONTWAIT);
-    while (got < 0 && errno == EINTR);
-    return got;
+    return ::recv(socket, into, size, flags | MSG_DONTWAIT);
 }
 
 Received after_error()
