@@ -30,6 +30,14 @@ TEST(Coders, TheFirstItemsEntryWinsButTheFlatViewShowsTheLast)
     EXPECT_EQ(emitter.dump(), R"({"a": "third", "k": "second", "l": "third's", "m": "1", "z": ""})");
 }
 
+TEST(Coders, ANumberOutOfRangeLeavesTheNextOneAlone)
+{
+    EXPECT_EQ(EmitJson::read_number("1e999", -1), -1);
+    EXPECT_EQ(EmitJson::read_number("2.5"), 2.5);
+    EXPECT_EQ(EmitJson::read_integer("99999999999999999999", -1), -1);
+    EXPECT_EQ(EmitJson::read_integer("7"), 7);
+}
+
 TEST(CompositeTexts, SplitIntoTheirParts)
 {
     using Parts = std::pair<std::string, std::string>;
