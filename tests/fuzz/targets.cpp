@@ -7,8 +7,8 @@
 #include <unistd.h>
 
 #include "control/infolist.hpp"
-#include "control/proc_snapshots.hpp"
-#include "control/rewrite_settings.hpp"
+#include "control/items/rewrite_settings.hpp"
+#include "control/processes/proc_snapshots.hpp"
 #include "control/run_state.hpp"
 #include "platform/mediaitem.hpp"
 #include "platform/metadata.hpp"

@@ -1,6 +1,6 @@
 // The kernel's tables in forms that this machine doesn't show: a listing of sockets or processes that can't
 // be understood must leave items stopped, never take the wrong process for a driver.
-#include "control/proc_snapshots.hpp"
+#include "control/processes/proc_snapshots.hpp"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
 // Asking an item, against a peer that does one thing after the other: what counts as an answer, and when.
-#include "control/report_exchange.hpp"
+#include "control/reports/report_exchange.hpp"
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "control/merge_report.hpp"
+#include "control/reports/merge_report.hpp"
 #include "control/run_state.hpp"
 #include "listening_socket.hpp"
 #include "platform/packet.hpp"

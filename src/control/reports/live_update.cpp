@@ -1,8 +1,8 @@
-#include "control/live_update.hpp"
+#include "control/reports/live_update.hpp"
 
 #include <sys/stat.h>
 
-#include "control/request_packet.hpp"
+#include "control/reports/request_packet.hpp"
 #include "platform/time.hpp"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "control/report_exchange.hpp"
+#include "control/reports/report_exchange.hpp"
 #include "settings/infolist_item.hpp"
 
 // Sends "report" to the item at the socket `path` and merges the reply into the list: what the item

@@ -1,4 +1,4 @@
-#include "control/socket_diagnosis.hpp"
+#include "control/processes/socket_diagnosis.hpp"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
-#include "control/output_driver.hpp"
+#include "control/items/output_driver.hpp"
 
-#include "control/items.hpp"
+#include "control/items/items.hpp"
 #include "control/run_state.hpp"
 
 bool read_driver_word(const std::string& item, std::string& driver)

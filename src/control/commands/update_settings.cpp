@@ -1,4 +1,4 @@
-#include "control/update_settings.hpp"
+#include "control/commands/update_settings.hpp"
 
 #include <cerrno>
 #include <cstring>
@@ -6,12 +6,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "control/items.hpp"
-#include "control/live_update.hpp"
-#include "control/replacement_file.hpp"
-#include "control/rewrite_settings.hpp"
+#include "control/items/items.hpp"
+#include "control/items/replacement_file.hpp"
+#include "control/items/rewrite_settings.hpp"
+#include "control/processes/running_state.hpp"
+#include "control/reports/live_update.hpp"
 #include "control/run_state.hpp"
-#include "control/running_state.hpp"
 
 namespace {
 

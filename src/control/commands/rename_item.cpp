@@ -1,4 +1,4 @@
-#include "control/rename_item.hpp"
+#include "control/commands/rename_item.hpp"
 
 #include <cassert>
 #include <cerrno>
@@ -6,10 +6,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "control/item_names.hpp"
-#include "control/items.hpp"
+#include "control/items/item_names.hpp"
+#include "control/items/items.hpp"
+#include "control/processes/running_state.hpp"
 #include "control/run_state.hpp"
-#include "control/running_state.hpp"
 #include "platform/metadata.hpp"
 
 namespace {

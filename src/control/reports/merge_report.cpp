@@ -1,4 +1,4 @@
-#include "control/merge_report.hpp"
+#include "control/reports/merge_report.hpp"
 
 #include <algorithm>
 #include <cstring>

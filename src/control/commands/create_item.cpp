@@ -1,4 +1,4 @@
-#include "control/create_item.hpp"
+#include "control/commands/create_item.hpp"
 
 #include <cassert>
 #include <cerrno>
@@ -9,12 +9,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "control/child_process.hpp"
-#include "control/item_names.hpp"
-#include "control/items.hpp"
+#include "control/items/item_names.hpp"
+#include "control/items/items.hpp"
+#include "control/items/whole_file.hpp"
+#include "control/processes/child_process.hpp"
 #include "control/run_state.hpp"
 #include "control/usage.hpp"
-#include "control/whole_file.hpp"
 #include "settings/settings_file.hpp"
 
 namespace {

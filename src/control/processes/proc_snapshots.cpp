@@ -1,4 +1,4 @@
-#include "control/proc_snapshots.hpp"
+#include "control/processes/proc_snapshots.hpp"
 
 #include <algorithm>
 #include <cassert>

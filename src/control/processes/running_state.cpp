@@ -1,4 +1,4 @@
-#include "control/running_state.hpp"
+#include "control/processes/running_state.hpp"
 
 #include <algorithm>
 #include <cassert>
@@ -14,10 +14,10 @@
 #include <unistd.h>
 #include <utility>
 
-#include "control/items.hpp"
-#include "control/proc_snapshots.hpp"
+#include "control/items/items.hpp"
+#include "control/processes/proc_snapshots.hpp"
+#include "control/processes/socket_diagnosis.hpp"
 #include "control/run_state.hpp"
-#include "control/socket_diagnosis.hpp"
 #include "platform/metadata.hpp"
 
 namespace {

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "control/child_process.hpp"
-#include "control/held_process.hpp"
+#include "control/processes/child_process.hpp"
+#include "control/processes/held_process.hpp"
 
 // The name switches of an item's driver and of its watchdog. Starting and stopping must agree on them.
 std::string driver_name_switch(const std::string& item);

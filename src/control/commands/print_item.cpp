@@ -1,4 +1,4 @@
-#include "control/print_item.hpp"
+#include "control/commands/print_item.hpp"
 
 #include <algorithm>
 

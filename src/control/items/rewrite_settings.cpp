@@ -1,4 +1,4 @@
-#include "control/rewrite_settings.hpp"
+#include "control/items/rewrite_settings.hpp"
 
 #include <map>
 #include <string>

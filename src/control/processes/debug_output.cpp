@@ -1,4 +1,4 @@
-#include "control/debug_output.hpp"
+#include "control/processes/debug_output.hpp"
 
 #include <climits>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "control/file_type.hpp"
+#include "control/items/file_type.hpp"
 
 #include <cassert>
 #include <cerrno>

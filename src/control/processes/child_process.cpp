@@ -1,4 +1,4 @@
-#include "control/child_process.hpp"
+#include "control/processes/child_process.hpp"
 
 #include <cerrno>
 #include <cstring>

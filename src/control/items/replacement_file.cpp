@@ -1,4 +1,4 @@
-#include "control/replacement_file.hpp"
+#include "control/items/replacement_file.hpp"
 
 #include <cerrno>
 #include <fcntl.h>

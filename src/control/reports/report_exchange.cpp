@@ -1,4 +1,4 @@
-#include "control/report_exchange.hpp"
+#include "control/reports/report_exchange.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "control/request_packet.hpp"
+#include "control/reports/request_packet.hpp"
 #include "control/run_state.hpp"
 #include "platform/time.hpp"
 

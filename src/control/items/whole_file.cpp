@@ -1,4 +1,4 @@
-#include "control/whole_file.hpp"
+#include "control/items/whole_file.hpp"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,11 +1,11 @@
-#include "control/item_names.hpp"
+#include "control/items/item_names.hpp"
 
 #include <cassert>
 #include <cerrno>
 #include <cstring>
 #include <sys/stat.h>
 
-#include "control/items.hpp"
+#include "control/items/items.hpp"
 #include "control/run_state.hpp"
 #include "control/usage.hpp"
 #include "platform/metadata.hpp"

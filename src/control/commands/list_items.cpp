@@ -1,16 +1,16 @@
-#include "control/list_items.hpp"
+#include "control/commands/list_items.hpp"
 
 #include <map>
 #include <sys/stat.h>
 #include <vector>
 
-#include "control/file_type.hpp"
+#include "control/commands/print_item.hpp"
 #include "control/infolist.hpp"
-#include "control/items.hpp"
-#include "control/print_item.hpp"
-#include "control/report_query.hpp"
+#include "control/items/file_type.hpp"
+#include "control/items/items.hpp"
+#include "control/processes/running_state.hpp"
+#include "control/reports/report_query.hpp"
 #include "control/run_state.hpp"
-#include "control/running_state.hpp"
 #include "schema/create_emitter.hpp"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <sys/types.h>
 
-#include "control/whole_file.hpp"
+#include "control/items/whole_file.hpp"
 
 // Is written without a name in the metadir, becomes ".tmpup" there when it is whole, and changes places with
 // the settings file. Runs that write into one metadir at once do so one after the other: each has that name

@@ -1,4 +1,4 @@
-#include "control/request_packet.hpp"
+#include "control/reports/request_packet.hpp"
 
 namespace {
 

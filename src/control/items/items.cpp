@@ -1,4 +1,4 @@
-#include "control/items.hpp"
+#include "control/items/items.hpp"
 
 #include <algorithm>
 #include <cerrno>

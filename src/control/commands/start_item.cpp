@@ -1,16 +1,16 @@
-#include "control/start_item.hpp"
+#include "control/commands/start_item.hpp"
 
 #include <cassert>
 #include <cstdlib>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "control/debug_output.hpp"
-#include "control/items.hpp"
-#include "control/output_driver.hpp"
+#include "control/items/items.hpp"
+#include "control/items/output_driver.hpp"
+#include "control/processes/debug_output.hpp"
+#include "control/processes/running_state.hpp"
+#include "control/processes/supervision.hpp"
 #include "control/run_state.hpp"
-#include "control/running_state.hpp"
-#include "control/supervision.hpp"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "control/report_query.hpp"
+#include "control/reports/report_query.hpp"
 
 #include <algorithm>
 #include <sys/resource.h>
 
-#include "control/merge_report.hpp"
+#include "control/reports/merge_report.hpp"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "control/stop_item.hpp"
+#include "control/commands/stop_item.hpp"
 
 #include <cerrno>
 #include <csignal>
@@ -7,12 +7,12 @@
 #include <unistd.h>
 #include <utility>
 
-#include "control/held_process.hpp"
-#include "control/items.hpp"
-#include "control/output_driver.hpp"
+#include "control/items/items.hpp"
+#include "control/items/output_driver.hpp"
+#include "control/processes/held_process.hpp"
+#include "control/processes/running_state.hpp"
+#include "control/processes/supervision.hpp"
 #include "control/run_state.hpp"
-#include "control/running_state.hpp"
-#include "control/supervision.hpp"
 #include "platform/time.hpp"
 
 namespace {

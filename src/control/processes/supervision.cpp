@@ -1,4 +1,4 @@
-#include "control/supervision.hpp"
+#include "control/processes/supervision.hpp"
 
 #include <algorithm>
 #include <cstdlib>

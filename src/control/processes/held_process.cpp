@@ -1,4 +1,4 @@
-#include "control/held_process.hpp"
+#include "control/processes/held_process.hpp"
 
 #include <algorithm>
 #include <cerrno>
