@@ -101,18 +101,8 @@ void choose_tool(const char* program)
     // A wrapper's prefix.
     if (std::strncmp(name, "lt-", 3) == 0)
         name += 3;
-    constexpr struct {
-        const char* name;
-        ExecMode mode;
-    } TOOLS[] = {
-        {"zelm_chctl", MODE_CHANNELS},
-        {"zelm_outctl", MODE_OUTPUTS},
-        {"zelm_inctl", MODE_INPUTS},
-        {"zelm_routectl", MODE_ROUTERS},
-    };
-    for (const auto& tool : TOOLS)
-        if (std::strcmp(name, tool.name) == 0)
-            exec_mode = tool.mode;
+    if (const Role* role = find_role(name))
+        exec_mode = number_of(*role);
 }
 
 int parse_argv(int argc, char** argv, std::string& json_text, SettingValues& settings)

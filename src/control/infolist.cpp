@@ -113,7 +113,7 @@ int infolist_load(InfoList& list, const std::string& filename)
 void load_infolist_from_file(InfoList& list, int file)
 {
     std::string_view text = list.keep(rest_of(file));
-    if (exec_mode == MODE_INPUTS && text.starts_with("#!"))
+    if (role_of_run().driver_source == DriverSource::MARKER_LINE && text.starts_with("#!"))
         take_marker_line(list, cut_line(text));
     SettingsReader reader(list);
     while (!text.empty())
@@ -126,7 +126,7 @@ void load_infolist_from_file(InfoList& list, int file)
         item.value = value;
         item.marker = '=';
     });
-    if ((exec_mode == MODE_OUTPUTS || exec_mode == MODE_ROUTERS) && !list.find("driver")) {
+    if (role_of_run().driver_source == DriverSource::DRIVER_LINE && !list.find("driver")) {
         infolist_item& driver = list["driver"];
         driver.marker = '?';
         driver.s_flag = true;

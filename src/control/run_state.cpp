@@ -1,8 +1,10 @@
 #include "control/run_state.hpp"
 
+#include <cstdlib>
+
 #include "platform/time.hpp"
 
-ExecMode exec_mode = MODE_UNKNOWN;
+int exec_mode = 0;
 
 std::string command;
 std::string to_what;
@@ -35,6 +37,13 @@ std::FILE* stdout_write = stdout;
 std::FILE* stderr_write = stderr;
 
 const char* const NO_OUTPUT_SPECIFIED_MESSAGE = "You must specify an output\n";
+
+const Role& role_of_run()
+{
+    if (const Role* role = find_role(exec_mode))
+        return *role;
+    std::abort();
+}
 
 void reset_timeout()
 {

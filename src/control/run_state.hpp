@@ -7,11 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "control/items/role.hpp"
 #include "platform/io.hpp"
 
-enum ExecMode { MODE_UNKNOWN = 0, MODE_CHANNELS = 1, MODE_OUTPUTS = 2, MODE_INPUTS = 3, MODE_ROUTERS = 4 };
+// Which of the four tools this is, from the program's name: 0 unknown, 1 channels, 2 outputs, 3 inputs, 4
+// routers.
+extern int exec_mode;
 
-extern ExecMode exec_mode;  // which of the four tools this is, from the program's name
+// The role that exec_mode tells. Without one the process aborts.
+const Role& role_of_run();
 
 extern std::string command;              // -c
 extern std::string to_what;              // -o: an item's name or a pseudo-name

@@ -1,22 +1,8 @@
 #include "control/usage.hpp"
 
-#include <cstdlib>
-
 #include "control/run_state.hpp"
 
 namespace {
-
-const char* title()
-{
-    switch (exec_mode) {
-    case MODE_CHANNELS: return "zelm_chctl [options]\nTavorn 4.0 channel control\n";
-    case MODE_OUTPUTS: return "zelm_outctl [options]\nTavorn 4.0 output control\n";
-    case MODE_INPUTS: return "zelm_inctl [options]\nTavorn 4.0 input control\n";
-    case MODE_ROUTERS: return "zelm_routctl [options]\nTavorn 4.0 routing control\n";
-    case MODE_UNKNOWN: break;
-    }
-    std::abort();
-}
 
 // The lines before and after the one that outputs alone have.
 constexpr char FIRST_SWITCHES[] =
@@ -61,9 +47,9 @@ constexpr char MORE_SWITCHES[] =
 
 void help()
 {
-    std::fputs(title(), stderr_write);
+    std::fputs(role_of_run().help_title, stderr_write);
     std::fputs(FIRST_SWITCHES, stderr_write);
-    if (exec_mode == MODE_OUTPUTS)
+    if (role_of_run().kind == ItemKind::OUTPUT)
         std::fputs(OUTPUT_SWITCHES, stderr_write);
     std::fputs(MORE_SWITCHES, stderr_write);
 }

@@ -45,7 +45,7 @@ int complain_of_no_item()
 // What holds for every command. 0, or 1 when the run must end.
 int check_arguments(const char* program)
 {
-    if (exec_mode == MODE_UNKNOWN) {
+    if (!find_role(exec_mode)) {
         std::fprintf(stderr_write, "Error: I don't recognize '%s'\n", program);
         return 1;
     }
@@ -76,7 +76,7 @@ int run_status()
     if (!is_item_name(to_what))
         return complain_of_no_item();
     std::string driver = to_what;
-    if ((exec_mode == MODE_OUTPUTS || exec_mode == MODE_ROUTERS) && !read_driver_word(to_what, driver))
+    if (role_of_run().driver_source == DriverSource::DRIVER_LINE && !read_driver_word(to_what, driver))
         return 1;
     const bool runs = is_item_running(to_what, nullptr) != 0;
     std::fprintf(stdout_write, "Driver %s process is %s\n", driver.c_str(), runs ? "running" : "stopped");

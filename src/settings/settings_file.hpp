@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-enum class ItemKind : std::uint8_t { CHANNEL, OUTPUT, INPUT, ROUTER };
+// The kinds of items, numbered as the tools number their roles.
+enum class ItemKind : std::uint8_t { CHANNEL = 1, OUTPUT, INPUT, ROUTER };
 
 inline constexpr char CHANNEL_LIST_PATH[] = "/mnt/main/tv/rendermgr";
 inline constexpr char OUTPUT_LIST_PATH[] = "/mnt/main/tv/outputs";

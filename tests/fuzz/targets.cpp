@@ -143,8 +143,8 @@ void fuzz_packets(std::string_view bytes)
 // mark; a third one leaves all as it is.
 void fuzz_settings(std::string_view bytes)
 {
-    for (const ExecMode mode : {MODE_OUTPUTS, MODE_INPUTS}) {
-        exec_mode = mode;
+    for (const ItemKind kind : {ItemKind::OUTPUT, ItemKind::INPUT}) {
+        exec_mode = static_cast<int>(kind);
         InfoList list;
         load_infolist_from_file(list, nameless_file(bytes).get());
     }

@@ -155,7 +155,7 @@ int do_create()
     }
     assert(!mode_list_path.empty());
     std::string first_line;
-    if (exec_mode == MODE_INPUTS) {
+    if (role_of_run().kind == ItemKind::INPUT) {
         const InputType* type = find_input_type(var_type);
         if (!type || var_type != type->marker) {
             std::fprintf(stderr_write, "Input creation needs a valid type.\n");
@@ -166,7 +166,7 @@ int do_create()
     }
     if (!accept_new_name(to_what) || !make_item_directory() || !make_settings_file(to_what, first_line))
         return 1;
-    return exec_mode == MODE_INPUTS ? make_input_metadata(settings_path(to_what)) : 0;
+    return role_of_run().kind == ItemKind::INPUT ? make_input_metadata(settings_path(to_what)) : 0;
 }
 
 int do_clone()
@@ -183,5 +183,5 @@ int do_clone()
         return 0;
     if (!copy_settings(directory.get()))
         return 1;
-    return exec_mode == MODE_INPUTS ? make_input_metadata(settings_path(to_arg)) : 0;
+    return role_of_run().kind == ItemKind::INPUT ? make_input_metadata(settings_path(to_arg)) : 0;
 }

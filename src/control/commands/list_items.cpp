@@ -196,7 +196,7 @@ void complete(Listed& item, ReportQueries& queries)
 {
     if (item.report)
         note_answer(item.list, queries.merge_reply(item.list, *item.report));
-    if (exec_mode == MODE_CHANNELS) {
+    if (role_of_run().kind == ItemKind::CHANNEL) {
         add_region_types(item.list);
         add_lowest_level_types(item.list);
     }

@@ -1,7 +1,6 @@
 #include "control/commands/start_item.hpp"
 
 #include <cassert>
-#include <cstdlib>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -13,18 +12,6 @@
 #include "control/run_state.hpp"
 
 namespace {
-
-std::string driver_program(const std::string& driver)
-{
-    switch (exec_mode) {
-    case MODE_CHANNELS: return "zelm_rendermgr";
-    case MODE_OUTPUTS: return "zelm_out_" + driver;
-    case MODE_INPUTS:
-    case MODE_ROUTERS: return "zelm_" + driver;
-    case MODE_UNKNOWN: break;
-    }
-    std::abort();
-}
 
 // Gives the child its standard descriptors. From the end of this on, what it says goes to the debug file
 // or to nowhere.
@@ -61,32 +48,33 @@ void redirect_streams(const std::string& debug_path, const struct stat& settings
 // 0 when the processes were forked, -1 when a fork failed.
 int start_driver(const std::string& driver, const std::string& item)
 {
+    const Role& role = role_of_run();
     bool autorestart = false;
     read_driver_daemonize(item, autorestart);
     const bool supervised = use_daemon || autorestart;
     const std::string file_path = settings_path(item);
-    const std::string debug_path = debug_output_path(driver, item);
+    const std::string debug_path = debug_output_path(role, driver, item);
     if (debug_logging)
         make_debug_directory();
 
-    const Arguments driver_process{"/usr/bin/" + driver_program(driver), "--file", file_path};
+    const Arguments driver_process{"/usr/bin/" + driver_program(role, driver), "--file", file_path};
     const pid_t child = fork_or_complain();
     if (child < 0)
         return -1;
     if (child == 0)
-        run_driver(supervised ? supervise(driver_name_switch(item), driver_process) : driver_process,
+        run_driver(supervised ? supervise(driver_name_switch(role, item), driver_process) : driver_process,
             file_path, debug_path);
     if (!supervised)
         return 0;
 
     assert(file_path.empty() == false);
     const Arguments watchdog{"tavorn-comm-watchdog", file_path};
-    return fork_quietly(supervise(watchdog_name_switch(item), watchdog)) ? 0 : -1;
+    return fork_quietly(supervise(watchdog_name_switch(role, item), watchdog)) ? 0 : -1;
 }
 
 bool passes_x11_filter(const std::string& driver)
 {
-    if (exec_mode != MODE_OUTPUTS || x11_conflict_resolution < 0)
+    if (role_of_run().kind != ItemKind::OUTPUT || x11_conflict_resolution < 0)
         return true;
     return x11_conflict_resolution == 0 ? is_console_output(driver) : is_x11_output(driver);
 }
@@ -96,7 +84,7 @@ bool passes_x11_filter(const std::string& driver)
 int do_start_item(const std::string& item)
 {
     std::string driver;
-    if (exec_mode != MODE_CHANNELS && !read_driver_word(item, driver))
+    if (role_of_run().driver_source != DriverSource::NOTHING && !read_driver_word(item, driver))
         return 1;
     if (!passes_x11_filter(driver))
         return 0;

@@ -22,7 +22,7 @@ constexpr std::uint64_t SUPERVISOR_LIMIT_US = 500000;
 // The mirror of the filter of a start: what conflicts with X11 going up or down is stopped.
 bool is_stopped_for_x11(const std::string& driver)
 {
-    if (exec_mode != MODE_OUTPUTS || x11_conflict_resolution < 0)
+    if (role_of_run().kind != ItemKind::OUTPUT || x11_conflict_resolution < 0)
         return true;
     return x11_conflict_resolution == 0 ? is_x11_output(driver) : is_console_output(driver);
 }
@@ -40,8 +40,9 @@ bool release(const std::string& item)
 {
     struct stat settings {};
     const bool has_owner = ::geteuid() == 0 && ::lstat(settings_path(item).c_str(), &settings) == 0;
-    return fork_quietly(release_supervision(driver_name_switch(item)), has_owner ? &settings : nullptr) &&
-           fork_quietly(release_supervision(watchdog_name_switch(item)));
+    return fork_quietly(release_supervision(driver_name_switch(role_of_run(), item)),
+               has_owner ? &settings : nullptr) &&
+           fork_quietly(release_supervision(watchdog_name_switch(role_of_run(), item)));
 }
 
 int end_driver(const HeldProcess& process, const std::string& driver)
@@ -80,14 +81,15 @@ int end_supervised_driver(
 int do_stop_item(const std::string& item)
 {
     std::string driver;
-    if (exec_mode == MODE_OUTPUTS && !read_driver_word(item, driver))
+    if (role_of_run().kind == ItemKind::OUTPUT && !read_driver_word(item, driver))
         return 1;
     if (!is_stopped_for_x11(driver))
         return 0;
     const RunningDriver running = running_driver(item);
     const HeldProcess process = hold(running);
     const int refusal = process.signal(0) != 0 ? errno : 0;
-    const Supervisors supervisors = stop_only_item ? Supervisors() : supervisors_of(item, running.pid);
+    const Supervisors supervisors =
+        stop_only_item ? Supervisors() : supervisors_of(role_of_run(), item, running.pid);
     if (!stop_only_item && !release(item))
         return -1;
     if (running.pid == 0) {

@@ -12,7 +12,7 @@
 
 bool accept_new_name(const std::string& name)
 {
-    if (exec_mode != MODE_CHANNELS) {
+    if (role_of_run().kind != ItemKind::CHANNEL) {
         if (is_metadir_name(name))
             std::fprintf(stdout_write, "Error: %s is the name of a metadata directory\n", name.c_str());
         return !is_metadir_name(name);

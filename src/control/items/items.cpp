@@ -78,20 +78,15 @@ bool is_listed(const dirent& entry)
 {
     const std::string_view name = entry.d_name;
     return !name.starts_with('.') && is_regular(entry) && !name.ends_with('~') &&
-           (exec_mode != MODE_CHANNELS || is_valid_channel_name(entry.d_name));
+           (role_of_run().kind != ItemKind::CHANNEL || is_valid_channel_name(entry.d_name));
 }
 
 }  // namespace
 
 void set_mode_list_path()
 {
-    switch (exec_mode) {
-    case MODE_CHANNELS: mode_list_path = CHANNEL_LIST_PATH; break;
-    case MODE_OUTPUTS: mode_list_path = OUTPUT_LIST_PATH; break;
-    case MODE_INPUTS: mode_list_path = INPUT_LIST_PATH; break;
-    case MODE_ROUTERS: mode_list_path = ROUTING_LIST_PATH; break;
-    case MODE_UNKNOWN: mode_list_path.clear(); break;
-    }
+    const Role* role = find_role(exec_mode);
+    mode_list_path = role ? role->directory : "";
 }
 
 std::string settings_path(const std::string& item)
@@ -165,12 +160,13 @@ bool is_valid_output_driver(const std::string& driver)
 int read_driver_field(const std::string& item, std::string* driver)
 {
     driver->clear();
-    if (exec_mode == MODE_CHANNELS)
+    const DriverSource source = role_of_run().driver_source;
+    if (source == DriverSource::NOTHING)
         return 0;
     const Descriptor file = open_settings_or_complain(item);
     if (!file)
         return -1;
-    *driver = exec_mode == MODE_INPUTS ? marked_driver(file) : last_value(file, "driver=");
+    *driver = source == DriverSource::MARKER_LINE ? marked_driver(file) : last_value(file, "driver=");
     return 0;
 }
 
@@ -186,15 +182,8 @@ int read_driver_daemonize(const std::string& item, bool& autorestart)
 
 std::string item_argslist_path(const std::string& driver)
 {
-    const std::string directory = "/usr/share/tavorn4/arglist";
-    switch (exec_mode) {
-    case MODE_CHANNELS: return directory + "/zelm_rendermgr.al";
-    case MODE_OUTPUTS: return directory + "/zelm_out_" + driver + ".al";
-    case MODE_INPUTS:
-    case MODE_ROUTERS: return directory + "/zelm_" + driver + ".al";
-    case MODE_UNKNOWN: break;
-    }
-    return {};
+    const Role* role = find_role(exec_mode);
+    return role ? manifest_path(*role, driver) : "";
 }
 
 int build_itemlist()

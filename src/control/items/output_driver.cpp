@@ -9,7 +9,7 @@ bool read_driver_word(const std::string& item, std::string& driver)
         std::fprintf(stderr_write, "Unable to read config file\n");
         return false;
     }
-    if (exec_mode == MODE_OUTPUTS && !is_valid_output_driver(driver)) {
+    if (role_of_run().kind == ItemKind::OUTPUT && !is_valid_output_driver(driver)) {
         std::fprintf(stderr_write, "WARNING: Unrecognized driver %s\n", driver.c_str());
         driver.clear();
     }

@@ -1,11 +1,8 @@
 #include "control/processes/debug_output.hpp"
 
 #include <climits>
-#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
-
-#include "control/run_state.hpp"
 
 namespace {
 
@@ -35,17 +32,10 @@ Descriptor open_debug_directory()
 
 }  // namespace
 
-// Routers write theirs under the inputs' prefix.
-std::string debug_output_path(const std::string& driver, const std::string& item)
+std::string debug_output_path(const Role& role, const std::string& driver, const std::string& item)
 {
-    switch (exec_mode) {
-    case MODE_CHANNELS: return DEBUG_DIRECTORY + "/" + item;
-    case MODE_OUTPUTS: return DEBUG_DIRECTORY + "/output." + driver + "." + item;
-    case MODE_INPUTS:
-    case MODE_ROUTERS: return DEBUG_DIRECTORY + "/input." + driver + "." + item;
-    case MODE_UNKNOWN: break;
-    }
-    std::abort();
+    const bool names_driver = role.driver_source != DriverSource::NOTHING;
+    return DEBUG_DIRECTORY + "/" + (names_driver ? role.debug_prefix + driver + "." : "") + item;
 }
 
 void make_debug_directory()

@@ -4,10 +4,11 @@
 #include <string>
 #include <sys/stat.h>
 
+#include "control/items/role.hpp"
 #include "platform/io.hpp"
 
 // The file that takes the output of an item's driver.
-std::string debug_output_path(const std::string& driver, const std::string& item);
+std::string debug_output_path(const Role& role, const std::string& driver, const std::string& item);
 
 // Makes the directory of these files, if it isn't there.
 void make_debug_directory();

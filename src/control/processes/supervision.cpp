@@ -6,24 +6,9 @@
 #include <unistd.h>
 #include <utility>
 
-#include "control/run_state.hpp"
-
 namespace {
 
 constexpr char DAEMON[] = "/usr/bin/daemon";
-
-// With the dot that ends it.
-const char* kind_word()
-{
-    switch (exec_mode) {
-    case MODE_CHANNELS: return "channel.";
-    case MODE_OUTPUTS: return "output.";
-    case MODE_INPUTS: return "input.";
-    case MODE_ROUTERS: return "router.";
-    case MODE_UNKNOWN: break;
-    }
-    std::abort();
-}
 
 // A name that the manager takes: blanks and control bytes become "__".
 std::string safe_name(const std::string& item)
@@ -73,14 +58,14 @@ HeldProcess hold_supervisor(pid_t process, const std::string& name_switch)
 
 }  // namespace
 
-std::string driver_name_switch(const std::string& item)
+std::string driver_name_switch(const Role& role, const std::string& item)
 {
-    return std::string("--name=tavorn.") + kind_word() + safe_name(item);
+    return std::string("--name=tavorn.") + role.word + "." + safe_name(item);
 }
 
-std::string watchdog_name_switch(const std::string& item)
+std::string watchdog_name_switch(const Role& role, const std::string& item)
 {
-    return std::string("--name=tavorn.watchdog.") + kind_word() + safe_name(item);
+    return std::string("--name=tavorn.watchdog.") + role.word + "." + safe_name(item);
 }
 
 Arguments supervise(const std::string& name_switch, const Arguments& process)
@@ -95,14 +80,14 @@ Arguments release_supervision(const std::string& name_switch)
     return {DAEMON, "--noconfig", name_switch, "--stop"};
 }
 
-Supervisors supervisors_of(const std::string& item, pid_t driver)
+Supervisors supervisors_of(const Role& role, const std::string& item, pid_t driver)
 {
     Supervisors supervisors;
-    supervisors.driver = hold_supervisor(parent_of(driver), driver_name_switch(item));
+    supervisors.driver = hold_supervisor(parent_of(driver), driver_name_switch(role, item));
     if (!supervisors.driver)
         return supervisors;
     const Directory proc(::opendir("/proc"));
     while (const dirent* entry = proc && !supervisors.watchdog ? ::readdir(proc.get()) : nullptr)
-        supervisors.watchdog = hold_supervisor(std::atoi(entry->d_name), watchdog_name_switch(item));
+        supervisors.watchdog = hold_supervisor(std::atoi(entry->d_name), watchdog_name_switch(role, item));
     return supervisors;
 }
