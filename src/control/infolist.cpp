@@ -7,7 +7,7 @@
 #include <unistd.h>
 #include <vector>
 
-#include "control/items/items.hpp"
+#include "control/items/item_directory.hpp"
 #include "control/run_state.hpp"
 #include "settings/settings_file.hpp"
 

@@ -8,15 +8,17 @@
 #include <unistd.h>
 
 #include "control/command_line.hpp"
+#include "control/commands/clone_item.hpp"
 #include "control/commands/create_item.hpp"
+#include "control/commands/delete_item.hpp"
+#include "control/commands/items_of_run.hpp"
 #include "control/commands/list_items.hpp"
 #include "control/commands/rename_item.hpp"
 #include "control/commands/start_item.hpp"
 #include "control/commands/stop_item.hpp"
 #include "control/commands/update_settings.hpp"
 #include "control/infolist.hpp"
-#include "control/items/items.hpp"
-#include "control/items/output_driver.hpp"
+#include "control/items/item_names.hpp"
 #include "control/processes/running_state.hpp"
 #include "control/run_state.hpp"
 #include "platform/signals.hpp"
@@ -76,7 +78,8 @@ int run_status()
     if (!is_item_name(to_what))
         return complain_of_no_item();
     std::string driver = to_what;
-    if (role_of_run().driver_source == DriverSource::DRIVER_LINE && !read_driver_word(to_what, driver))
+    if (role_of_run().driver_source == DriverSource::DRIVER_LINE &&
+        !read_driver_word_or_complain(to_what, driver))
         return 1;
     const bool runs = is_item_running(to_what, nullptr) != 0;
     std::fprintf(stdout_write, "Driver %s process is %s\n", driver.c_str(), runs ? "running" : "stopped");

@@ -5,3 +5,6 @@
 
 // The line without the line feed that ends it, if one does.
 std::string_view chomp(std::string_view line);
+
+// Moves over one word and the spaces behind it, onto the next word or the end.
+void skiptospc(const char*& p);

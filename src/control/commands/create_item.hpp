@@ -1,9 +1,6 @@
-// The commands "create" and "clone". They take the item from to_what and the new name from to_arg, and their
-// result is the exit status.
+// The command "create".
 #pragma once
 
-// Makes a new, empty item; an input's file names its driver in its first line, from var_type.
+// Makes the new, empty item to_what; an input's file names its driver in its first line, from var_type. The
+// exit status.
 int do_create();
-
-// Makes a new item as a copy of an existing one, without its metadata and owned by the caller.
-int do_clone();

@@ -4,10 +4,11 @@
 #include <sys/stat.h>
 #include <vector>
 
+#include "control/commands/items_of_run.hpp"
 #include "control/commands/print_item.hpp"
 #include "control/infolist.hpp"
 #include "control/items/file_type.hpp"
-#include "control/items/items.hpp"
+#include "control/items/metadir.hpp"
 #include "control/processes/running_state.hpp"
 #include "control/reports/report_query.hpp"
 #include "control/run_state.hpp"

@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "control/items/items.hpp"
-#include "control/items/output_driver.hpp"
+#include "control/commands/items_of_run.hpp"
+#include "control/items/output_drivers.hpp"
 #include "control/processes/debug_output.hpp"
 #include "control/processes/running_state.hpp"
 #include "control/processes/supervision.hpp"
@@ -84,7 +84,7 @@ bool passes_x11_filter(const std::string& driver)
 int do_start_item(const std::string& item)
 {
     std::string driver;
-    if (role_of_run().driver_source != DriverSource::NOTHING && !read_driver_word(item, driver))
+    if (role_of_run().driver_source != DriverSource::NOTHING && !read_driver_word_or_complain(item, driver))
         return 1;
     if (!passes_x11_filter(driver))
         return 0;

@@ -7,8 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
-#include "control/items/items.hpp"
-#include "control/items/output_driver.hpp"
+#include "control/commands/items_of_run.hpp"
+#include "control/items/output_drivers.hpp"
 #include "control/processes/held_process.hpp"
 #include "control/processes/running_state.hpp"
 #include "control/processes/supervision.hpp"
@@ -81,7 +81,7 @@ int end_supervised_driver(
 int do_stop_item(const std::string& item)
 {
     std::string driver;
-    if (role_of_run().kind == ItemKind::OUTPUT && !read_driver_word(item, driver))
+    if (role_of_run().kind == ItemKind::OUTPUT && !read_driver_word_or_complain(item, driver))
         return 1;
     if (!is_stopped_for_x11(driver))
         return 0;

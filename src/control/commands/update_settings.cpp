@@ -6,7 +6,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "control/items/items.hpp"
+#include "control/commands/item_checks.hpp"
+#include "control/commands/items_of_run.hpp"
+#include "control/items/item_directory.hpp"
+#include "control/items/metadir.hpp"
 #include "control/items/replacement_file.hpp"
 #include "control/items/rewrite_settings.hpp"
 #include "control/processes/running_state.hpp"
@@ -25,12 +28,6 @@ void keep_owner(int file, const struct stat& settings)
 {
     if (::fchown(file, settings.st_uid, settings.st_gid) != 0)
         std::fprintf(stderr_write, "Warning: failed to preserve credentials\n");
-}
-
-// Whatever else has the metadir's name is none, a link to a directory too.
-Descriptor open_metadir(int directory, const std::string& metadir)
-{
-    return Descriptor(::openat(directory, metadir.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
 }
 
 // A new metadir belongs to the owner of the settings file, whose driver has to bind its socket there. Where
@@ -109,14 +106,14 @@ int do_set(const std::string& item, const SettingValues& settings)
     const std::string path = settings_path(item);
     struct stat state {};
     std::string metadir;
-    if (!stat_settings(path, state) || !find_metadir_or_complain(path, metadir))
+    if (!stat_settings_or_complain(path, state) || !find_metadir_or_complain(path, metadir))
         return 0;
     send_live_update(active_socket_path(metadir), settings);
     const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
-    const Descriptor directory = open_item_directory(O_PATH);
+    const Descriptor directory = open_item_directory(mode_list_path, O_PATH);
     make_metadir(directory.get(), metadir_name, state);
     if (rewrite_file(directory.get(), item, metadir_name, settings))
-        flush_item_directory(directory.get());
+        flush_items_or_complain(directory.get());
     else
         remove_metadir_of_no_item(directory.get(), item, metadir_name);
     return 0;

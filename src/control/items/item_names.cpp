@@ -1,81 +1,16 @@
 #include "control/items/item_names.hpp"
 
-#include <cassert>
-#include <cerrno>
-#include <cstring>
-#include <sys/stat.h>
-
-#include "control/items/items.hpp"
-#include "control/run_state.hpp"
-#include "control/usage.hpp"
-#include "platform/metadata.hpp"
-
-bool accept_new_name(const std::string& name)
+bool is_item_name(std::string_view name)
 {
-    if (role_of_run().kind != ItemKind::CHANNEL) {
-        if (is_metadir_name(name))
-            std::fprintf(stdout_write, "Error: %s is the name of a metadata directory\n", name.c_str());
-        return !is_metadir_name(name);
-    }
-    if (is_valid_channel_name(name.c_str()))
-        return true;
-    std::fprintf(stdout_write,
-        "Error: Channel name invalid. Channel name must be 'channel' followed by a number less than 1000000\n");
-    create_channel_help();
-    return false;
+    return !name.empty() && name != "all" && name != "autostart";
 }
 
-bool find_existing_item(const std::string& name)
+bool is_valid_channel_name(std::string_view name)
 {
-    struct stat state {};
-    if (::lstat(settings_path(name).c_str(), &state) != 0) {
-        if (errno == ENOENT)
-            std::fprintf(stdout_write, "Error: No such output\n");
-        else
-            std::fprintf(stdout_write, "Error: %s\n", std::strerror(errno));
+    constexpr std::string_view PREFIX = "channel";
+    if (!name.starts_with(PREFIX))
         return false;
-    }
-    if (!S_ISREG(state.st_mode)) {
-        std::fprintf(stdout_write, "Error: filesystem entry not a file\n");
-        return false;
-    }
-    return true;
-}
-
-bool is_still_there(const std::string& name)
-{
-    struct stat state {};
-    return stat_settings(settings_path(name), state);
-}
-
-bool is_free_name(const std::string& name)
-{
-    struct stat state {};
-    if (::lstat(settings_path(name).c_str(), &state) == 0) {
-        std::fprintf(stdout_write, "Error: target name already exists\n");
-        return false;
-    }
-    if (errno != ENOENT) {
-        std::fprintf(stdout_write, "Error: %s\n", std::strerror(errno));
-        return false;
-    }
-    return true;
-}
-
-NewName check_names()
-{
-    if (!is_item_name(to_what)) {
-        std::fprintf(stderr_write, "You must specify what to name the output to rename\n");
-        return NewName::REFUSED;
-    }
-    assert(!mode_list_path.empty());
-    if (to_arg.empty() || to_arg == ".." || to_arg.find('/') != std::string::npos) {
-        std::fprintf(stderr_write, "You must specify what to rename to\n");
-        return NewName::REFUSED;
-    }
-    if (to_arg == to_what) {
-        std::fprintf(stderr_write, "OK. Nothing to change\n");
-        return NewName::UNCHANGED;
-    }
-    return accept_new_name(to_arg) ? NewName::CHANGED : NewName::REFUSED;
+    const std::string_view digits = name.substr(PREFIX.size());
+    return !digits.empty() && digits.size() < 7 && digits.front() != '0' &&
+           digits.find_first_not_of("0123456789") == std::string_view::npos;
 }

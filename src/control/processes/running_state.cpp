@@ -14,11 +14,14 @@
 #include <unistd.h>
 #include <utility>
 
-#include "control/items/items.hpp"
+#include "control/commands/item_checks.hpp"
+#include "control/commands/items_of_run.hpp"
+#include "control/items/metadir.hpp"
 #include "control/processes/proc_snapshots.hpp"
 #include "control/processes/socket_diagnosis.hpp"
 #include "control/run_state.hpp"
 #include "platform/metadata.hpp"
+#include "platform/text.hpp"
 
 namespace {
 
@@ -64,7 +67,7 @@ std::string find_socket(const std::string& item, bool complains, struct stat& en
 {
     const std::string path = settings_path(item);
     std::string metadir;
-    if (complains && !stat_settings(path, entry))
+    if (complains && !stat_settings_or_complain(path, entry))
         return {};
     if (!(complains ? find_metadir_or_complain(path, metadir) : find_metadir(path, metadir)))
         return {};

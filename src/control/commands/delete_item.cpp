@@ -1,0 +1,36 @@
+#include "control/commands/delete_item.hpp"
+
+#include <cassert>
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
+
+#include "control/commands/item_checks.hpp"
+#include "control/items/item_directory.hpp"
+#include "control/items/item_names.hpp"
+#include "control/items/metadir.hpp"
+#include "control/run_state.hpp"
+
+int do_delete()
+{
+    if (!is_item_name(to_what)) {
+        std::fprintf(stderr_write, "You must specify what to name the output to delete\n");
+        return 1;
+    }
+    assert(!mode_list_path.empty());
+    std::string metadir;
+    if (!is_item_or_complain(to_what) || !is_stopped_or_complain(to_what) ||
+        !is_still_item_or_complain(to_what) || !find_metadir_or_complain(to_what, metadir))
+        return 1;
+    const Descriptor directory = open_item_directory(mode_list_path);
+    if (!directory)
+        return 0;
+    if (!metadir.empty() && !remove_metadir(directory.get(), metadir))
+        std::fprintf(stderr_write, "WARNING: failed to remove metadir for %s, %s\n", to_what.c_str(),
+            std::strerror(errno));
+    if (::unlinkat(directory.get(), to_what.c_str(), 0) != 0) {
+        std::fprintf(stdout_write, "Error: Failed to remove %s, %s\n", to_what.c_str(), std::strerror(errno));
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,6 @@
+// The command "delete", of a stopped item.
+#pragma once
+
+// Removes the item to_what and its metadir. A metadir that holds more than the known entries stays, with a
+// warning. The exit status.
+int do_delete();

@@ -1,0 +1,17 @@
+// The directory beside a settings file that holds what the appliance keeps for the item.
+#pragma once
+
+#include <string>
+
+#include "platform/io.hpp"
+
+// The metadir of a settings file, a path for a path and a name for a name. False if it can have none.
+bool find_metadir(const std::string& file, std::string& metadir);
+
+// Opens a metadir by its name. None with errno set otherwise; whatever else has that name is none, a link to
+// a directory too.
+Descriptor open_metadir(int directory, const std::string& name);
+
+// Removes a metadir with the entries that are known. False with errno set when it can't be, as when it holds
+// anything else; what was known is gone all the same.
+bool remove_metadir(int directory, const std::string& name);
