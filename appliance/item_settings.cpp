@@ -4,6 +4,7 @@
 #include <fcntl.h>
 
 #include "platform/io.hpp"
+#include "settings/settings_reader.hpp"
 
 bool read_item_settings(const std::string& path, ItemSettings& settings)
 {
@@ -11,24 +12,17 @@ bool read_item_settings(const std::string& path, ItemSettings& settings)
     if (!file)
         return false;
     LineReader lines(file.get());
-    std::string last_key;
-    bool has_last = false;
-    bool multiline = false;
+    SettingsReader reader;
     for (std::string_view line; lines.next(line);) {
-        multiline = multiline || line == "#multiline";
-        const std::size_t equals = line.find('=');
-        if (line.starts_with('#') || equals == std::string_view::npos)
+        const SettingsLine setting = reader.read(line);
+        if (setting.kind != SettingsLineKind::SETTING)
             continue;
-        const std::string key(line.substr(0, equals));
-        std::string& value = settings[key];
-        const bool goes_on = multiline && has_last && key == last_key && !value.empty();
-        if (goes_on)
+        std::string& value = settings[std::string(setting.key)];
+        if (setting.joins)
             value += '\n';
         else
             value.clear();
-        value += line.substr(equals + 1);
-        last_key = key;
-        has_last = true;
+        value += setting.value;
     }
     return !lines.failed();
 }

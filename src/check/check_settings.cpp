@@ -35,10 +35,11 @@ public:
             say("holds a carriage return, which counts like any other byte");
         if (m_kind == ItemKind::INPUT && m_line == 1 && line.starts_with('#'))
             take_marker(line);
-        if (is_multiline_marker(line))
-            m_settings.read_several_lines();
-        else if (!line.empty() && !line.starts_with('#'))
-            take_setting(line);
+        const SettingsLine read = m_reader.read(line);
+        if (read.kind == SettingsLineKind::SETTING)
+            take_setting(read);
+        else if (read.kind == SettingsLineKind::NOTHING && !line.empty())
+            say("sets nothing, having no \"=\": " + quoted(line));
     }
 
     void finish()
@@ -60,6 +61,7 @@ private:
         if (!rest.empty() && m_line != m_long_line)
             say("has more than 1022 bytes, and what is behind them counts as a line of its own");
         m_long_line = m_line;
+        m_reader.read(rest);
     }
 
     // A start takes "#" for "#!", and a listing does not.
@@ -74,20 +76,16 @@ private:
         m_type_driver = {type->driver, m_line};
     }
 
-    void take_setting(std::string_view line)
+    void take_setting(const SettingsLine& setting)
     {
-        const std::size_t equals = line.find('=');
-        const std::string_view key = line.substr(0, equals);
-        if (equals == std::string_view::npos)
-            return say("sets nothing, having no \"=\": " + quoted(line));
-        if (key.empty())
+        if (setting.key.empty())
             return say("sets nothing, having no key in front of the \"=\"");
-        if (is_live_command(key))
+        if (is_live_command(setting.key))
             return;
-        if (const std::size_t replaced = m_settings.take(key, line.substr(equals + 1), m_line))
-            say("replaces the " + quoted(key) + " of " + at(replaced) +
-                (m_settings.reads_several_lines() ? ", from which other keys part it"
-                                                  : ", without \"#multiline\""));
+        if (const std::size_t replaced = m_settings.take(setting, m_line))
+            say("replaces the " + quoted(setting.key) + " of " + at(replaced) +
+                (m_reader.has_values_of_several_lines() ? ", from which other keys part it"
+                                                        : ", without \"#multiline\""));
     }
 
     // The driver's table, or null, and then it is said why.
@@ -150,6 +148,7 @@ private:
 
     ItemKind m_kind;
     Findings& m_findings;
+    SettingsReader m_reader;
     StoredSettings m_settings;
     StoredSetting m_type_driver;  // what the type of an input means
     std::size_t m_line = 0;

@@ -1,7 +1,27 @@
 #include "check/document_effect.hpp"
 
+#include "platform/io.hpp"
+#include "schema/composite_text.hpp"
 #include "schema/create_consumer.hpp"
 #include "settings/settings_file.hpp"
+
+namespace {
+
+// Takes in what a "set" of the pair writes.
+void store(StoredSettings& settings, SettingsReader& reader, const std::string& key, const std::string& value)
+{
+    if (!is_stored(key) || value.empty())
+        return;
+    for (const std::string& text : split(value, "\n")) {
+        const std::string written = key + "=" + text;
+        std::string_view left = written;
+        while (!left.empty())
+            if (const SettingsLine line = reader.read(cut_line(left)); line.kind == SettingsLineKind::SETTING)
+                settings.take(line, 0);
+    }
+}
+
+}  // namespace
 
 std::string DocumentEffect::value(const std::string& key) const
 {
@@ -18,11 +38,12 @@ std::optional<DocumentEffect> effect_of(const std::string& driver, const std::st
         return std::nullopt;
     }
     DocumentEffect effect;
-    effect.settings.read_several_lines();
+    SettingsReader reader;
+    reader.read("#multiline");
     for (const auto& [key, value] : consumer->items()) {
         if (is_stored(key))
             effect.keys.insert(key);
-        effect.settings.store(key, value);
+        store(effect.settings, reader, key, value);
     }
     return effect;
 }

@@ -1,10 +1,12 @@
-// What settings come to once they are in a file: the tools' rules for several lines of one key.
+// What settings come to once they are in a file.
 #pragma once
 
 #include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
+
+#include "settings/settings_reader.hpp"
 
 struct StoredSetting {
     std::string value;     // several lines are joined with a line feed
@@ -13,20 +15,12 @@ struct StoredSetting {
 
 class StoredSettings {
 public:
-    void read_several_lines() { m_several_lines = true; }
-    bool reads_several_lines() const { return m_several_lines; }
-
     // Takes in the setting of a line. The line whose setting it replaces, 0 if it replaces none.
-    std::size_t take(std::string_view key, std::string_view value, std::size_t line);
-
-    // Takes in what a "set" of the pair writes.
-    void store(std::string_view key, const std::string& value);
+    std::size_t take(const SettingsLine& setting, std::size_t line);
 
     const StoredSetting* find(std::string_view key) const;
     const auto& all() const { return m_settings; }
 
 private:
     std::map<std::string, StoredSetting, std::less<>> m_settings;
-    std::string m_last_key;
-    bool m_several_lines = false;
 };

@@ -9,7 +9,7 @@
 
 #include "control/items/item_directory.hpp"
 #include "control/run_state.hpp"
-#include "settings/settings_file.hpp"
+#include "settings/settings_reader.hpp"
 
 namespace {
 
@@ -27,17 +27,23 @@ void take_marker_line(InfoList& list, std::string_view line)
 }
 
 // The settings of a file in its order, with the lines of one value joined.
-class SettingsReader {
+class CollectedSettings {
 public:
-    explicit SettingsReader(InfoList& list) : m_list(list) { m_settings.reserve(32); }
+    explicit CollectedSettings(InfoList& list) : m_list(list) { m_settings.reserve(32); }
 
     void take(std::string_view line)
     {
-        const std::size_t equals = line.find('=');
-        if (is_multiline_marker(line))
-            m_multi = true;
-        else if (!line.starts_with('#') && equals != line.npos)
-            take_setting(line.substr(0, equals), line.substr(equals + 1));
+        const SettingsLine read = m_reader.read(line);
+        if (read.kind != SettingsLineKind::SETTING)
+            return;
+        if (!read.joins) {
+            end_value();
+            m_settings.emplace_back(read.key, read.value);
+            return;
+        }
+        if (m_lines.empty())
+            m_lines = m_settings.back().second;
+        m_lines.append("\n").append(read.value);
     }
 
     std::vector<Setting>& finish()
@@ -47,19 +53,6 @@ public:
     }
 
 private:
-    void take_setting(std::string_view key, std::string_view value)
-    {
-        const bool joins = m_multi && !m_settings.empty() && m_settings.back().first == key;
-        if (!joins || m_settings.back().second.empty()) {
-            end_value();
-            m_settings.emplace_back(key, value);
-            return;
-        }
-        if (m_lines.empty())
-            m_lines = m_settings.back().second;
-        m_lines.append("\n").append(value);
-    }
-
     void end_value()
     {
         if (!m_lines.empty())
@@ -67,9 +60,9 @@ private:
     }
 
     InfoList& m_list;
+    SettingsReader m_reader;
     std::vector<Setting> m_settings;
     std::string m_lines;  // the last setting's value, if it has several
-    bool m_multi = false;
 };
 
 // The file from where it stands to its end, or to a read error. A regular file gives less than it is asked
@@ -85,14 +78,6 @@ std::string rest_of(int file)
             text.append(buffer, static_cast<std::size_t>(got));
     } while (got == static_cast<ssize_t>(sizeof buffer) || (got < 0 && errno == EINTR));
     return text;
-}
-
-void write_line(std::FILE* stream, std::string_view key, std::string_view text)
-{
-    std::fwrite(key.data(), 1, key.size(), stream);
-    std::fputc('=', stream);
-    std::fwrite(text.data(), 1, text.size(), stream);
-    std::fputc('\n', stream);
 }
 
 }  // namespace
@@ -115,10 +100,10 @@ void load_infolist_from_file(InfoList& list, int file)
     std::string_view text = list.keep(rest_of(file));
     if (role_of_run().driver_source == DriverSource::MARKER_LINE && text.starts_with("#!"))
         take_marker_line(list, cut_line(text));
-    SettingsReader reader(list);
+    CollectedSettings collected(list);
     while (!text.empty())
-        reader.take(cut_line(text));
-    std::vector<Setting>& settings = reader.finish();
+        collected.take(cut_line(text));
+    std::vector<Setting>& settings = collected.finish();
     std::stable_sort(settings.begin(), settings.end(),
         [](const Setting& one, const Setting& other) { return one.first < other.first; });
     // Of several settings of one key the last counts.
@@ -160,16 +145,4 @@ void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config)
             item.marker = described.letter == 0 ? '?' : described.letter;
         }
     });
-}
-
-void fprintf_value(std::FILE* stream, std::string_view key, std::string_view value)
-{
-    while (!value.empty()) {
-        const std::size_t end = value.find('\n');
-        write_line(stream, key, value.substr(0, end));
-        value.remove_prefix(end == std::string_view::npos ? value.size() : end + 1);
-        // A value that ends in a line feed has one more line, an empty one.
-        if (value.empty() && end != std::string_view::npos)
-            write_line(stream, key, "");
-    }
 }

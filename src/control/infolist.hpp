@@ -25,7 +25,3 @@ int infolist_get_autostart(const InfoList& list);
 // Adds the descriptions and flags of the manifest to all its keys, and its defaults to those that the
 // list lacks. The manifest must outlive the list.
 void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config);
-
-// Writes one key, a line for each line of the value; nothing for an empty value. The stream's error
-// indicator tells whether it worked.
-void fprintf_value(std::FILE* stream, std::string_view key, std::string_view value);

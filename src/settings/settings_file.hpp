@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
 #include <string_view>
 
 // The kinds of items, numbered as the tools number their roles.
@@ -28,12 +29,6 @@ const InputType* find_input_type(std::string_view marker);
 // What a first line that begins with "#", or with "#!", names.
 std::string_view marker_of(std::string_view line);
 
-// Does the line switch on the reading of values of several lines?
-inline bool is_multiline_marker(std::string_view line)
-{
-    return line == "#multiline";
-}
-
 // Live commands are never stored, and a file that holds one loses it.
 inline bool is_live_command(std::string_view key)
 {
@@ -44,3 +39,7 @@ inline bool is_stored(std::string_view key)
 {
     return !key.empty() && !is_live_command(key);
 }
+
+// Writes one key, a line for each line of the value; nothing for an empty value. The stream's error
+// indicator tells whether it worked.
+void fprintf_value(std::FILE* stream, std::string_view key, std::string_view value);

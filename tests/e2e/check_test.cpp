@@ -129,7 +129,7 @@ TEST_F(Check, FindsLinesOfSettingsThatTheToolsPassOver)
             "f:5: sets nothing, having no key in front of the \"=\"\n"
             "f:6: replaces the \"title\" of line 2, without \"#multiline\"\n"
             "f:7: holds a carriage return, which counts like any other byte\n"},
-        {SETTINGS + "output", "#multiline\n" + x11 + "modechange=1\ntitle=b\0\n"s,
+        {SETTINGS + "output", "#multiline\n" + x11 + "+go=1\ntitle=b\0\n"s,
             "f:5: holds a NUL\nf:5: replaces the \"title\" of line 3, from which other keys part it\n"},
         {SETTINGS + "output", "item=" + std::string(1017, 'a') + "\n" + x11 + "titel=1\n",
             "f:4: unknown key \"titel\"; did you mean \"title\"?\n"},

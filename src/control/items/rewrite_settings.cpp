@@ -4,11 +4,12 @@
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
-#include "control/infolist.hpp"
 #include "platform/io.hpp"
 #include "settings/settings_file.hpp"
+#include "settings/settings_reader.hpp"
 
 namespace {
 
@@ -23,20 +24,23 @@ public:
 
     void copy_line(std::string_view line)
     {
-        if (line.empty() || is_live_command(line))
+        const SettingsLine read = m_reader.read(line);
+        if (line.empty() || is_live_command(line) || read.kind == SettingsLineKind::MULTILINE)
             return;
-        if (is_multiline_marker(line))
-            multi = true;
-        else if (line.front() == '#')
-            write_line(line);
+        if (read.kind == SettingsLineKind::COMMENT)
+            return write_line(line);
+        if (!std::exchange(m_wrote_marker, true))
+            write_line("#multiline");
+        if (read.kind == SettingsLineKind::SETTING)
+            copy_setting(read.key, read.value);
         else
-            copy_setting_line(line);
+            write_line(line);
     }
 
     void write_pairs()
     {
-        for (const std::string& key : merged_order)
-            fprintf_value(m_out, key, merged[key]);
+        for (const std::string& key : m_folded_keys)
+            fprintf_value(m_out, key, m_folded[key]);
         for (const auto& [key, value] : m_settings)
             if (is_stored(key))
                 fprintf_value(m_out, key, value);
@@ -49,40 +53,28 @@ private:
         std::fputc('\n', m_out);
     }
 
-    void copy_setting_line(std::string_view line)
-    {
-        if (!wrote_marker)
-            write_line("#multiline");
-        wrote_marker = true;
-        const std::size_t equals = line.find('=');
-        if (equals == std::string_view::npos)
-            write_line(line);
-        else
-            copy_setting(line.substr(0, equals), line.substr(equals + 1));
-    }
-
     // A replaced key's new value comes at the end.
     void copy_setting(std::string_view key, std::string_view value)
     {
         if (m_replaced.contains(key))
             return;
-        if (multi) {
+        if (m_reader.has_values_of_several_lines()) {
             fprintf_value(m_out, key, value);
             return;
         }
-        const auto [entry, is_new] = merged.try_emplace(std::string(key));
+        const auto [entry, is_new] = m_folded.try_emplace(std::string(key));
         entry->second = value;
         if (is_new)
-            merged_order.push_back(entry->first);
+            m_folded_keys.push_back(entry->first);
     }
 
     std::FILE* m_out;
     const SettingValues& m_settings;
     std::unordered_set<std::string_view> m_replaced;
-    bool multi = false;         // the source has shown "#multiline"
-    bool wrote_marker = false;  // the first setting line has been met
-    std::map<std::string, std::string> merged;
-    std::vector<std::string> merged_order;
+    SettingsReader m_reader;
+    bool m_wrote_marker = false;
+    std::map<std::string, std::string> m_folded;  // what several lines of one key come to without the marker
+    std::vector<std::string> m_folded_keys;       // in the order of their first lines
 };
 
 }  // namespace
