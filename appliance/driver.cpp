@@ -1,15 +1,13 @@
 #include "driver.hpp"
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <limits>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include "answer.hpp"
 #include "misbehaviour.hpp"
+#include "platform/signals.hpp"
 #include "platform/socket_io.hpp"
 #include "platform/time.hpp"
 
@@ -17,32 +15,12 @@ namespace {
 
 constexpr std::size_t CLIENT_LIMIT = 256;
 constexpr int BACKLOG = 128;
-constexpr std::uint64_t NEVER = std::numeric_limits<std::uint64_t>::max();
-
-void wait_until(std::vector<pollfd>& waited, std::uint64_t due_us)
-{
-    const std::uint64_t now = monotonic_clock_us();
-    const std::uint64_t left = due_us > now ? due_us - now : 0;
-    timespec timeout{};
-    timeout.tv_sec = static_cast<time_t>(left / 1000000);
-    timeout.tv_nsec = static_cast<long>(left % 1000000) * 1000;
-    // What an interrupted wait leaves in the table must not be taken for events.
-    if (::ppoll(waited.data(), waited.size(), due_us == NEVER ? nullptr : &timeout, nullptr) < 0)
-        for (pollfd& each : waited)
-            each.revents = 0;
-}
 
 }  // namespace
 
 bool Driver::open(const std::string& metadir)
 {
-    sigset_t heeded;
-    sigemptyset(&heeded);
-    sigaddset(&heeded, SIGTERM);
-    sigaddset(&heeded, SIGINT);
-    if (::sigprocmask(SIG_BLOCK, &heeded, nullptr) != 0)
-        return false;
-    m_signals.reset(::signalfd(-1, &heeded, SFD_CLOEXEC | SFD_NONBLOCK));
+    m_signals = hold_back_end_signals();
     return m_signals && m_socket.listen(metadir, Misbehaviour(m_state.settings).no_accept ? 0 : BACKLOG);
 }
 
@@ -50,7 +28,7 @@ void Driver::serve()
 {
     while (!m_ended) {
         std::vector<pollfd> waited = waited_for();
-        wait_until(waited, next_due_us());
+        poll_until(waited, next_due_us());
         for (std::size_t i = 0; i < m_clients.size(); ++i) {
             if (waited[i + 2].revents & (POLLIN | POLLHUP | POLLERR))
                 receive_requests(m_clients[i]);
@@ -84,7 +62,7 @@ std::vector<pollfd> Driver::waited_for() const
 std::uint64_t Driver::next_due_us() const
 {
     const std::uint64_t exit_after_ms = Misbehaviour(m_state.settings).exit_after_ms;
-    std::uint64_t due = exit_after_ms > 0 ? m_state.started_us + exit_after_ms * 1000 : NEVER;
+    std::uint64_t due = exit_after_ms > 0 ? m_state.started_us + exit_after_ms * 1000 : NO_DEADLINE;
     const std::uint64_t now = monotonic_clock_us();
     for (const Client& client : m_clients)
         if (!client.outgoing.empty() && client.outgoing.front().due_us > now)

@@ -9,7 +9,7 @@
 
 #include "platform/comm.hpp"
 #include "platform/metadata.hpp"
-#include "platform/packet.hpp"
+#include "platform/request.hpp"
 #include "platform/time.hpp"
 
 namespace {
@@ -18,11 +18,8 @@ constexpr std::int64_t ANSWER_LIMIT_US = 1000000;
 
 bool sends_report_request(comm_socket_v4* socket)
 {
-    const CommPacket request(comm_socket_v4_packet_create());
+    const CommPacket request = begin_request("report");
     if (!request)
-        return false;
-    request->flags = packet::FLAG_REQUEST;
-    if (comm_socket_v4_packet_begin_writing(request.get(), 0, "report", nullptr) != 0)
         return false;
     comm_socket_v4_packet_write_end(request.get());
     return comm_socket_v4_packet_send_to_server(socket, request.get()) > 0;
@@ -40,7 +37,7 @@ bool answers(const std::string& path)
     while (monotonic_clock_us() < deadline && comm_socket_v4_idle(socket.get()) >= 0) {
         comm_socket_v4_client_from_server_readable(socket.get(), deadline);
         const CommPacket packet(comm_socket_v4_client_get_packet_from_server(socket.get()));
-        if (packet && (packet->flags & (packet::FLAG_REQUEST | packet::FLAG_EVENT)) == 0)
+        if (packet && is_reply(*packet))
             return true;
     }
     return false;

@@ -1,6 +1,5 @@
 #include "control/command_line.hpp"
 
-#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -17,26 +16,13 @@ struct Scan {
     SettingValues& settings;
 };
 
-// All that the descriptor gives; what can't be read counts as its end.
-std::string read_all(int fd)
-{
-    std::string text;
-    char block[std::size_t{64} * 1024];
-    for (;;) {
-        const ssize_t got = TEMP_FAILURE_RETRY(::read(fd, block, sizeof block));
-        if (got <= 0)
-            return text;
-        text.append(block, static_cast<std::size_t>(got));
-    }
-}
-
 // A file that can't be opened counts as no document at all.
 std::string read_document(const char* name)
 {
     if (std::strcmp(name, "-") == 0)
-        return read_all(STDIN_FILENO);
+        return read_to_end(STDIN_FILENO);
     const Descriptor file(::open(name, O_RDONLY | O_CLOEXEC));
-    return file ? read_all(file.get()) : "";
+    return file ? read_to_end(file.get()) : "";
 }
 
 // "name=value", cut at the first "=". An empty name is dropped.

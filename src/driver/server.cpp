@@ -3,18 +3,17 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <map>
 #include <poll.h>
 #include <string_view>
 #include <sys/epoll.h>
-#include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <vector>
 
 #include "platform/io.hpp"
 #include "platform/metadata.hpp"
 #include "platform/packet.hpp"
+#include "platform/signals.hpp"
 #include "platform/socket_io.hpp"
 #include "zelm_driver/item_socket.hpp"
 
@@ -151,13 +150,7 @@ void Server::answer(Item& item)
 
 bool serve(const std::string& settings_path, Item& item)
 {
-    sigset_t heeded;
-    sigemptyset(&heeded);
-    sigaddset(&heeded, SIGTERM);
-    sigaddset(&heeded, SIGINT);
-    if (::pthread_sigmask(SIG_BLOCK, &heeded, nullptr) != 0)
-        return false;
-    const Descriptor signals(::signalfd(-1, &heeded, SFD_CLOEXEC | SFD_NONBLOCK));
+    const Descriptor signals = hold_back_end_signals();
     Server server;
     if (!signals || !server.open(settings_path))
         return false;

@@ -41,14 +41,8 @@ const Packet* packet_of(const comm_socket_v4_packet* handle)
 
 int wait_for(int descriptor, short events, std::uint64_t deadline)
 {
-    const std::uint64_t now = monotonic_clock_us();
-    const std::uint64_t left = deadline > now ? deadline - now : 0;
-    timespec timeout{};
-    timeout.tv_sec = static_cast<time_t>(left / 1000000);
-    timeout.tv_nsec = static_cast<long>(left % 1000000) * 1000;
-    pollfd waited{descriptor, events, 0};
-    const int ready = ::ppoll(&waited, 1, &timeout, nullptr);
-    return ready < 0 && errno == EINTR ? 0 : ready;
+    pollfd awaited[] = {{descriptor, events, 0}};
+    return poll_until(awaited, deadline);
 }
 
 // The kernel waits for room in a listener's backlog as long as it would wait to send.
@@ -101,14 +95,11 @@ int comm_socket_v4_connect_to(comm_socket_v4* socket, const char* path)
     Descriptor descriptor(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | no_wait, 0));
     if (!descriptor || (limit > 0 && !limit_connect(descriptor.get(), limit)))
         return -1;
-    int result = -1;
-    do
-        result =
-            ::connect(descriptor.get(), reinterpret_cast<const sockaddr*>(&target.address), target.length);
-    while (result != 0 && errno == EINTR);
-    if (result == 0)
-        socket->descriptor = std::move(descriptor);
-    return result;
+    const auto* address = reinterpret_cast<const sockaddr*>(&target.address);
+    if (TEMP_FAILURE_RETRY(::connect(descriptor.get(), address, target.length)) != 0)
+        return -1;
+    socket->descriptor = std::move(descriptor);
+    return 0;
 }
 
 comm_socket_v4_packet* comm_socket_v4_packet_create()

@@ -60,11 +60,19 @@ bool flush_directory(int directory)
 
 int lock_exclusively(int fd)
 {
-    int result = -1;
-    do
-        result = ::flock(fd, LOCK_EX);
-    while (result != 0 && errno == EINTR);
-    return result;
+    return static_cast<int>(TEMP_FAILURE_RETRY(::flock(fd, LOCK_EX)));
+}
+
+std::string read_to_end(int fd)
+{
+    std::string text;
+    char block[std::size_t{64} * 1024];
+    for (;;) {
+        const ssize_t got = TEMP_FAILURE_RETRY(::read(fd, block, sizeof block));
+        if (got <= 0)
+            return text;
+        text.append(block, static_cast<std::size_t>(got));
+    }
 }
 
 std::string_view cut_line(std::string_view& text)
@@ -84,10 +92,7 @@ bool LineReader::fill()
     std::memmove(m_buffer, m_buffer + m_begin, m_end - m_begin);
     m_end -= m_begin;
     m_begin = 0;
-    ssize_t got = -1;
-    do
-        got = ::read(m_fd, m_buffer + m_end, sizeof m_buffer - m_end);
-    while (got < 0 && errno == EINTR);
+    const ssize_t got = TEMP_FAILURE_RETRY(::read(m_fd, m_buffer + m_end, sizeof m_buffer - m_end));
     m_failed = got < 0;
     m_ended = got <= 0;
     if (!m_ended)

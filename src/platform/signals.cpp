@@ -1,6 +1,7 @@
 #include "platform/signals.hpp"
 
 #include <csignal>
+#include <sys/signalfd.h>
 
 namespace {
 
@@ -36,4 +37,15 @@ void let_oversized_writes_fail()
     action.sa_handler = [](int) {};
     action.sa_flags = SA_RESTART;
     ::sigaction(SIGXFSZ, &action, nullptr);
+}
+
+Descriptor hold_back_end_signals()
+{
+    sigset_t heeded;
+    sigemptyset(&heeded);
+    sigaddset(&heeded, SIGTERM);
+    sigaddset(&heeded, SIGINT);
+    if (::pthread_sigmask(SIG_BLOCK, &heeded, nullptr) != 0)
+        return {};
+    return Descriptor(::signalfd(-1, &heeded, SFD_CLOEXEC | SFD_NONBLOCK));
 }

@@ -2,7 +2,7 @@
 
 #include <sys/stat.h>
 
-#include "control/reports/request_packet.hpp"
+#include "platform/request.hpp"
 #include "platform/time.hpp"
 
 namespace {

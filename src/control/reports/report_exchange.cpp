@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <vector>
 
-#include "control/reports/request_packet.hpp"
+#include "platform/request.hpp"
 #include "control/run_state.hpp"
 #include "platform/time.hpp"
 
@@ -15,7 +15,6 @@ namespace {
 
 constexpr std::uint64_t SECOND_US = 1000000;
 constexpr std::uint64_t BACK_OFF_US = 10 * SECOND_US;  // on top of the second between two queries
-constexpr std::uint64_t NEVER = std::numeric_limits<std::uint64_t>::max();
 
 // Nothing tells when a listener's backlog has room again.
 constexpr std::uint64_t FIRST_PAUSE_US = 1000;
@@ -49,7 +48,7 @@ bool is_held_off(const std::string& path)
 std::uint64_t deadline_from_now()
 {
     if (per_item_timeout == 0)
-        return NEVER;
+        return NO_DEADLINE;
     return monotonic_clock_us() + static_cast<std::uint64_t>(std::max(per_item_timeout, 0)) * SECOND_US;
 }
 
@@ -200,19 +199,14 @@ void proceed_with_any(std::span<ReportExchange* const> exchanges)
 {
     std::vector<pollfd> awaited;
     awaited.reserve(exchanges.size());
-    std::uint64_t due = NEVER;
+    std::uint64_t due = NO_DEADLINE;
     for (const ReportExchange* exchange : exchanges) {
         awaited.push_back(exchange->awaited());
         due = std::min(due, exchange->due());
     }
+    poll_until(awaited, due);
     const std::uint64_t now = monotonic_clock_us();
-    const std::uint64_t left = due > now ? due - now : 0;
-    timespec timeout{};
-    timeout.tv_sec = static_cast<time_t>(left / SECOND_US);
-    timeout.tv_nsec = static_cast<long>(left % SECOND_US) * 1000;
-    const int ready = ::ppoll(awaited.data(), awaited.size(), due == NEVER ? nullptr : &timeout, nullptr);
-    const std::uint64_t then = monotonic_clock_us();
     for (std::size_t i = 0; i < exchanges.size(); ++i)
-        if ((ready > 0 && awaited[i].revents != 0) || exchanges[i]->due() <= then)
+        if (awaited[i].revents != 0 || exchanges[i]->due() <= now)
             exchanges[i]->proceed();
 }

@@ -1,4 +1,4 @@
-// What the packets of all commands to an item have in common.
+// What the requests of all clients have in common, and which packets answer them.
 #pragma once
 
 #include "platform/comm.hpp"
