@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include "control/reports/merge_report.hpp"
-#include "control/run_state.hpp"
 #include "listening_socket.hpp"
 #include "platform/packet.hpp"
 #include "platform/time.hpp"
@@ -29,18 +28,12 @@ Bytes packet_of(std::uint8_t flags, const std::vector<std::pair<std::string, std
 
 class Exchange : public testing::Test {
 protected:
-    void TearDown() override { per_item_timeout = 15; }
-
     Descriptor accept() const { return Descriptor(::accept(m_listener.get(), nullptr, nullptr)); }
 
-    // Until it has ended, or for some time that is no limit of its own.
-    static int outcome_of(ReportExchange& exchange)
+    static ReportOutcome outcome_of(ReportExchange& exchange)
     {
-        ReportExchange* const exchanges[] = {&exchange};
-        for (const std::uint64_t end = monotonic_clock_us() + 10000000;
-             !exchange.has_ended() && monotonic_clock_us() < end;)
-            proceed_with_any(exchanges);
-        return exchange.has_ended() ? exchange.result() : -2;
+        proceed_to_end(exchange);
+        return exchange.outcome();
     }
 
     TemporaryDirectory m_directory;
@@ -48,18 +41,10 @@ protected:
     Descriptor m_listener = listen_at(m_path, 0);
 };
 
-TEST_F(Exchange, HasFifteenSecondsUnlessToldOtherwise)
-{
-    const std::uint64_t now = monotonic_clock_us();
-    const ReportExchange exchange(m_path);
-    EXPECT_NEAR(static_cast<double>(exchange.due() - now) / 1e6, 15, 1);
-}
-
 TEST_F(Exchange, GetsThroughOnceAFullBacklogHasRoom)
 {
-    const ReportExchange first(m_path);
-    ReportExchange second(
-        m_directory / "/s");  // under another name, as nothing is asked twice within a second
+    const ReportExchange first(m_path, report_deadline(10));
+    ReportExchange second(m_path, report_deadline(10));
     EXPECT_EQ(second.awaited().fd, -1) << "there is room for one";
     const Descriptor peer = accept();
     ReportExchange* const exchanges[] = {&second};
@@ -67,25 +52,23 @@ TEST_F(Exchange, GetsThroughOnceAFullBacklogHasRoom)
         proceed_with_any(exchanges);
     const Descriptor other_peer = accept();
     ASSERT_GT(send_packet(other_peer.get(), packet_of(0, {})), 0);
-    EXPECT_EQ(outcome_of(second), 1);
+    EXPECT_EQ(outcome_of(second), ReportOutcome::REPLIED);
 }
 
 TEST_F(Exchange, TakesAReplyThatCameInTimeHoweverLateItIsRead)
 {
-    per_item_timeout = 1;
-    ReportExchange exchange(m_path);
+    ReportExchange exchange(m_path, report_deadline(1));
     const Descriptor peer = accept();
     for (const Bytes& bytes : {packet_of(packet::FLAG_EVENT, {}), Bytes(), packet_of(0, {{"*k", "v"}})})
         ASSERT_GT(send_packet(peer.get(), bytes), 0);
     ::usleep(1050000);
     exchange.proceed();
-    EXPECT_EQ(exchange.result(), 1);
+    EXPECT_EQ(exchange.outcome(), ReportOutcome::REPLIED);
 }
 
 TEST_F(Exchange, EndsThoughEventsComeWithoutEnd)
 {
-    per_item_timeout = 1;
-    ReportExchange exchange(m_path);
+    ReportExchange exchange(m_path, report_deadline(1));
     const Descriptor peer = accept();
     const pid_t flood = ::fork();
     if (flood == 0) {
@@ -93,7 +76,7 @@ TEST_F(Exchange, EndsThoughEventsComeWithoutEnd)
         for (const Bytes event = packet_of(packet::FLAG_EVENT, {});;)
             send_packet(peer.get(), event);
     }
-    EXPECT_EQ(outcome_of(exchange), 0);
+    EXPECT_EQ(outcome_of(exchange), ReportOutcome::TIMED_OUT);
     ::kill(flood, SIGKILL);
     ::waitpid(flood, nullptr, 0);
 }
@@ -115,7 +98,7 @@ TEST_F(Exchange, ReplyThatWouldFloodTheListingIsLeftOut)
         {"warnings of a long name", long_text, "", 200, false},
     };
     for (const auto& row : cases) {
-        ReportExchange exchange(m_path);
+        ReportExchange exchange(m_path, report_deadline(10));
         const Descriptor peer = accept();
         Bytes bytes = packet_of(0, {{row.name, row.value}});
         const Bytes entry(bytes.end() - packet::ENTRY_SIZE, bytes.end());
@@ -126,8 +109,8 @@ TEST_F(Exchange, ReplyThatWouldFloodTheListingIsLeftOut)
         InfoList list;
         list["k"].value = "of the file";
         ASSERT_GT(send_packet(peer.get(), bytes), 0) << row.what;
-        ASSERT_EQ(outcome_of(exchange), 1) << row.what;
-        EXPECT_EQ(merge_report(list, exchange.reply(), "there"), row.fits) << row.what;
+        ASSERT_EQ(outcome_of(exchange), ReportOutcome::REPLIED) << row.what;
+        EXPECT_EQ(merge_report(list, exchange.reply()).has_value(), row.fits) << row.what;
         EXPECT_EQ(list["k"].value == "of the file", !row.fits) << row.what;
     }
 }

@@ -6,11 +6,12 @@
 
 #include "control/commands/items_of_run.hpp"
 #include "control/commands/print_item.hpp"
+#include "control/commands/report_query.hpp"
 #include "control/infolist.hpp"
 #include "control/items/file_type.hpp"
 #include "control/items/metadir.hpp"
 #include "control/processes/running_state.hpp"
-#include "control/reports/report_query.hpp"
+#include "control/reports/report_queries.hpp"
 #include "control/run_state.hpp"
 #include "schema/create_emitter.hpp"
 
@@ -189,14 +190,16 @@ void ask(Listed& item, ReportQueries& queries)
         return;
     }
     note_answer(item.list, do_list_send_command(socket.c_str(), item.list));
-    do_list_send_command(nullptr, item.list);
+    close_report_connection();
 }
 
 // Adds what can only be known once the item has answered, or its time has run out.
 void complete(Listed& item, ReportQueries& queries)
 {
-    if (item.report)
-        note_answer(item.list, queries.merge_reply(item.list, *item.report));
+    if (item.report) {
+        queries.finish(*item.report);
+        note_answer(item.list, merge_reply(item.list, *item.report));
+    }
     if (role_of_run().kind == ItemKind::CHANNEL) {
         add_region_types(item.list);
         add_lowest_level_types(item.list);
@@ -218,7 +221,7 @@ void hand_over(Listed& item, EmitJson& emitter, std::string& text)
 std::string list_items(std::shared_ptr<EmitJson>& emitter)
 {
     std::vector<Listed> items = listed_items();
-    ReportQueries queries;
+    ReportQueries queries(per_item_timeout);
     std::string text;
     auto next = items.begin();
     const auto finish_next = [&] {

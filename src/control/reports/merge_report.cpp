@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstring>
 
-#include "control/run_state.hpp"
-
 namespace {
 
 // What a line of a listing, or a warning, has beside its texts; roughly.
@@ -42,16 +40,11 @@ std::size_t added_by(const comm_socket_v4_packet* reply)
     return added;
 }
 
-void warn_of_entry(char type, const char* name)
-{
-    std::fprintf(stderr_write,
-        "WARNING: media item report function returns item that is not status (type '%c') '%s'\n", type, name);
-}
-
-void take_entry(ReportedLines& lines, const comm_socket_v4_entry& entry)
+// A status entry becomes a line, and what is neither that nor missing is odd.
+void sort_entry(const comm_socket_v4_entry& entry, ReportedLines& lines, std::vector<OddEntry>& odd)
 {
     if (!entry.in_table) {
-        std::fprintf(stderr_write, "Problem reading\n");
+        odd.push_back({0, {}});
         return;
     }
     if (!entry.name || !entry.value)
@@ -60,12 +53,8 @@ void take_entry(ReportedLines& lines, const comm_socket_v4_entry& entry)
     case '*':
     case '&': lines.push_back({entry.name + 1, {entry.value, entry.name[0]}}); break;
     case '>':
-        std::fprintf(stderr_write,
-            "WARNING: media item report function returns page '%s'. Pages are unsupported.\n",
-            entry.name + 1);
-        break;
-    case '?': warn_of_entry('?', entry.name + 1); break;
-    default: warn_of_entry('=', entry.name); break;
+    case '?': odd.push_back({entry.name[0], entry.name + 1}); break;
+    default: odd.push_back({'=', entry.name}); break;
     }
 }
 
@@ -96,17 +85,16 @@ ReportedLines joined(ReportedLines lines, std::string& kept)
 
 }  // namespace
 
-bool merge_report(InfoList& list, const comm_socket_v4_packet* reply, const char* path)
+std::optional<std::vector<OddEntry>> merge_report(InfoList& list, const comm_socket_v4_packet* reply)
 {
     const std::size_t added = added_by(reply);
-    if (added > REPORT_LIMIT) {
-        std::fprintf(stderr_write, "WARNING: the report at %s is too large for a listing\n", path);
-        return false;
-    }
+    if (added > REPORT_LIMIT)
+        return {};
     ReportedLines lines;
+    std::vector<OddEntry> odd;
     const std::size_t entries = comm_socket_v4_packet_entries(reply);
     for (std::size_t i = 0; i < entries; ++i)
-        take_entry(lines, comm_socket_v4_packet_entry(reply, i));
+        sort_entry(comm_socket_v4_packet_entry(reply, i), lines, odd);
     std::string& kept = list.keep({});
     kept.reserve(added);
     list.update(joined(std::move(lines), kept), [](infolist_item& item, const ReportedLine& value, bool) {
@@ -114,5 +102,5 @@ bool merge_report(InfoList& list, const comm_socket_v4_packet* reply, const char
         item.marker = value.letter;
         item.reported = true;
     });
-    return true;
+    return odd;
 }
