@@ -25,7 +25,7 @@ int do_delete()
     const Descriptor directory = open_item_directory(mode_list_path);
     if (!directory)
         return 0;
-    if (!metadir.empty() && !remove_metadir(directory.get(), metadir))
+    if (!metadir.empty() && !remove_metadir(directory.get(), metadir) && errno != ENOENT)
         std::fprintf(stderr_write, "WARNING: failed to remove metadir for %s, %s\n", to_what.c_str(),
             std::strerror(errno));
     if (::unlinkat(directory.get(), to_what.c_str(), 0) != 0) {

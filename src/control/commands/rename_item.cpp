@@ -10,10 +10,11 @@
 
 namespace {
 
+// An item that was never set or started has no metadir.
 void move_metadir_or_complain(int directory, const std::string& old_metadir, const std::string& new_metadir)
 {
     if (!old_metadir.empty() &&
-        ::renameat(directory, old_metadir.c_str(), directory, new_metadir.c_str()) != 0)
+        ::renameat(directory, old_metadir.c_str(), directory, new_metadir.c_str()) != 0 && errno != ENOENT)
         std::fprintf(stderr_write, "WARNING: Failed to rename metadata dir for %s, %s\n", to_what.c_str(),
             std::strerror(errno));
 }
