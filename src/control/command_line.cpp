@@ -10,19 +10,29 @@
 
 namespace {
 
+constexpr std::size_t DOCUMENT_LIMIT = std::size_t{16} << 20;  // far beyond any document, and soon read
+
 // What a scan fills beside the run-wide state.
 struct Scan {
     std::string& json_text;
     SettingValues& settings;
+    bool is_refused = false;  // which has been said
 };
 
 // A file that can't be opened counts as no document at all.
-std::string read_document(const char* name)
+void read_document(Scan& scan, const char* name)
 {
-    if (std::strcmp(name, "-") == 0)
-        return read_to_end(STDIN_FILENO);
-    const Descriptor file(::open(name, O_RDONLY | O_CLOEXEC));
-    return file ? read_to_end(file.get()) : "";
+    scan.json_text.clear();
+    Descriptor file;
+    int fd = STDIN_FILENO;
+    if (std::strcmp(name, "-") != 0) {
+        file.reset(::open(name, O_RDONLY | O_CLOEXEC));
+        fd = file.get();
+    }
+    if (fd < 0 || read_to_end(fd, DOCUMENT_LIMIT, scan.json_text))
+        return;
+    std::fprintf(stderr_write, "--json-from %s has more than 16 MiB\n", name);
+    scan.is_refused = true;
 }
 
 // "name=value", cut at the first "=". An empty name is dropped.
@@ -67,7 +77,7 @@ constexpr struct {
     {"no-manifest", false, [](Scan&, const char*) { no_manifest = true; }},
     {"json", false, [](Scan&, const char*) { wants_json = true; }},
     {"json-driver", true, [](Scan&, const char* value) { json_consume_driver = value; }},
-    {"json-from", true, [](Scan& scan, const char* value) { scan.json_text = read_document(value); }},
+    {"json-from", true, read_document},
     {"json-out", true, [](Scan& scan, const char* value) { scan.json_text = value; }},
 };
 
@@ -112,6 +122,8 @@ int parse_argv(int argc, char** argv, std::string& json_text, SettingValues& set
             return 1;
         }
         found->take(scan, found->takes_value ? argv[i] : nullptr);
+        if (scan.is_refused)
+            return 1;
     }
     return 0;
 }

@@ -63,16 +63,16 @@ int lock_exclusively(int fd)
     return static_cast<int>(TEMP_FAILURE_RETRY(::flock(fd, LOCK_EX)));
 }
 
-std::string read_to_end(int fd)
+bool read_to_end(int fd, std::size_t limit, std::string& text)
 {
-    std::string text;
     char block[std::size_t{64} * 1024];
-    for (;;) {
+    while (text.size() <= limit) {
         const ssize_t got = TEMP_FAILURE_RETRY(::read(fd, block, sizeof block));
         if (got <= 0)
-            return text;
+            return true;
         text.append(block, static_cast<std::size_t>(got));
     }
+    return false;
 }
 
 std::string_view cut_line(std::string_view& text)

@@ -52,8 +52,9 @@ bool flush_directory(int directory);
 // flock(2), waiting as long as it takes. 0 on success, -1 with errno set.
 int lock_exclusively(int fd);
 
-// All that the descriptor gives from where it stands; what can't be read counts as its end.
-std::string read_to_end(int fd);
+// Adds to the text all that the descriptor gives from where it stands; what can't be read counts as its end.
+// False if that makes the text longer than `limit` bytes, and then no more of it is read.
+bool read_to_end(int fd, std::size_t limit, std::string& text);
 
 // Reads a file line by line, each line at most 1022 bytes: a longer one comes in pieces, and each piece
 // counts as a line of its own. Any byte but the line feed may stand in a line.

@@ -27,6 +27,19 @@ TEST_F(JsonDocuments, OfX11OutputsComeOutAsTheyWentIn)
     }
 }
 
+TEST_F(JsonDocuments, WithoutEndAreRefusedBeforeAnythingIsChanged)
+{
+    write_file(OUTPUTS + "a", "b=2\n");
+    const std::string file = output_of("stat -c %i:%y " + FILE_A);
+    expect_all({
+        {"timeout 10 zelm_outctl -c set -o a --json-from /dev/zero", 1, "",
+            "--json-from /dev/zero has more than 16 MiB\n"},
+        {"timeout 10 zelm_outctl -c set -o a --json-from - </dev/zero", 1, "",
+            "--json-from - has more than 16 MiB\n"},
+    });
+    EXPECT_EQ(output_of("stat -c %i:%y " + FILE_A), file);
+}
+
 TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
 {
     const std::string x11 = "driver=x11\nkept=1\ntitle=old\n";
