@@ -29,37 +29,47 @@ std::vector<Finding> Findings::all() const
 
 namespace {
 
-// How many bytes the character takes that the text begins with, 0 if it is none of UTF-8.
-std::size_t character_size(std::string_view text)
+struct Character {
+    char32_t code;
+    std::size_t size;  // in bytes, 0 for what is no UTF-8
+};
+
+// The character that the text begins with.
+Character first_character(std::string_view text)
 {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const std::size_t size = byte(0) < 0x80   ? 1
-                             : byte(0) < 0xc2 ? 0
-                             : byte(0) < 0xe0 ? 2
-                             : byte(0) < 0xf0 ? 3
-                                              : 4;
-    if (byte(0) > 0xf4 || size > text.size())
-        return 0;
-    for (std::size_t i = 1; i < size; ++i)
+    if (byte(0) < 0x80)
+        return {byte(0), 1};
+    constexpr char32_t SMALLEST[] = {0x80, 0x800, 0x10000, 0x110000};  // by the size, from 2 up
+    const std::size_t size = byte(0) < 0xe0 ? 2 : byte(0) < 0xf0 ? 3 : 4;
+    if (byte(0) < 0xc0 || byte(0) > 0xf4 || size > text.size())
+        return {};
+    char32_t code = byte(0) & (0x7fU >> size);
+    for (std::size_t i = 1; i < size; ++i) {
         if (byte(i) >> 6 != 2)
-            return 0;
-    return size;
+            return {};
+        code = code << 6 | (byte(i) & 0x3fU);
+    }
+    const bool is_half = code >= 0xd800 && code < 0xe000;
+    const bool is_one = code >= SMALLEST[size - 2] && code < SMALLEST[3] && !is_half;
+    return {code, is_one ? size : 0};
 }
 
-bool is_printable(unsigned char byte)
+bool is_control(char32_t code)
 {
-    return byte >= ' ' && byte != 0x7f;
+    return code < ' ' || (code >= 0x7f && code < 0xa0);
 }
 
-// Nothing that moves a terminal's cursor, and nothing that is no UTF-8.
+}  // namespace
+
 std::string printable(std::string_view text)
 {
     std::string safe;
     while (!text.empty()) {
-        const std::size_t size = character_size(text);
-        if (size > 0 && is_printable(static_cast<unsigned char>(text.front()))) {
-            safe += text.substr(0, size);
-            text.remove_prefix(size);
+        const Character character = first_character(text);
+        if (character.size > 0 && !is_control(character.code)) {
+            safe += text.substr(0, character.size);
+            text.remove_prefix(character.size);
             continue;
         }
         char escaped[8];
@@ -70,11 +80,9 @@ std::string printable(std::string_view text)
     return safe;
 }
 
-}  // namespace
-
 std::string as_line(const std::string& file, const Finding& finding)
 {
-    std::string where = file;
+    std::string where = printable(file);
     if (finding.line > 0)
         where += ":" + std::to_string(finding.line);
     if (finding.column > 0)

@@ -36,10 +36,13 @@ private:
     bool m_has_more = false;
 };
 
+// A text that others wrote, for a terminal: control characters and what is no UTF-8 are escaped byte by byte.
+std::string printable(std::string_view text);
+
 // "FILE:LINE: ..." or "FILE: path.of.member: ...", and the same as JSON.
 std::string as_line(const std::string& file, const Finding& finding);
 json11::Json as_json(const std::string& file, const Finding& finding);
 
-// A text that others wrote, as far as it fits a line; and the same in quotes, with "..." if that is not all.
+// Such a text as far as it fits a line; and the same in quotes, with "..." if that is not all.
 std::string beginning_of(std::string_view text);
 std::string quoted(std::string_view text);

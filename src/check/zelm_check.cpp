@@ -74,7 +74,8 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
 {
     const auto kind = line.kind ? kind_called(*line.kind) : kind_of_file(file);
     if (line.subject == "settings" && !kind) {
-        std::fprintf(stderr, "%s: no directory of items; which kind is it? --kind tells\n", file.c_str());
+        std::fprintf(
+            stderr, "%s: no directory of items; which kind is it? --kind tells\n", printable(file).c_str());
         return false;
     }
     const Descriptor input = open_input(file);
@@ -90,7 +91,7 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
             check_document(*line.driver, *text, findings);
     }
     if (!is_read)
-        std::fprintf(stderr, "%s: %s\n", file.c_str(), std::strerror(errno));
+        std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), std::strerror(errno));
     return is_read;
 }
 
@@ -117,7 +118,7 @@ int check_files(const CommandLine& line)
 
 int refuse(const std::string& why)
 {
-    std::fprintf(stderr, "zelm_check: %s\n%s", why.c_str(), USAGE);
+    std::fprintf(stderr, "zelm_check: %s\n%s", printable(why).c_str(), USAGE);
     return FAILED;
 }
 

@@ -30,9 +30,10 @@ TEST_F(Check, FindsMembersThatWouldBeIgnored)
 {
     expect_found({
         {DOCUMENT + "x11", R"({"driver": "x11", "name": "", "source": [""], "x11": {"title": null}})", ""},
-        {DOCUMENT + "x11", R"({"always on top": true, "driver": "alsa", "x11": {"\u001b": 1, "titel": 1}})",
+        {DOCUMENT + "x11",
+            R"({"always on top": true, "driver": "alsa", "x11": {"\u001b\u009b\ud83d\udcfa": 1, "titel": 1}})",
             "f: always on top: would be ignored; did you mean \"x11.keepAbove\"?\n"
-            "f: x11.\\x1b: would be ignored\n"
+            "f: x11.\\x1b\\xc2\\x9b\xf0\x9f\x93\xba: would be ignored\n"
             "f: x11.titel: would be ignored; did you mean \"x11.title\"?\n"
             "f: driver: \"alsa\" would be ignored: no document sets this\n"},
         {DOCUMENT + "''", R"({"audio": 7, "caption": {"conversion": {"force": true}},
@@ -159,6 +160,11 @@ TEST_F(Check, TellsItsVerdictToScripts)
             "/run/gone: no directory of items; which kind is it? --kind tells\n"
             "/mnt/main/tv/outputs/gone: No such file or directory\n"},
         {"zelm_check document a 2>&1 | head -n 1", 0, "zelm_check: --driver WORD is missing\n", ""},
+        {"zelm_check manifest 2>&1 | head -n 1", 0, "zelm_check: FILE is missing\n", ""},
+        // A terminal takes also the overlong form of a control character for one.
+        {"cd /run; f=$(printf 'a\\033\\302\\233\\340\\202\\233'); echo '[' >\"$f\"; zelm_check manifest \"$f\" \"$f.gone\"",
+            2, "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b:1: a section ends in \"]\"\n",
+            "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b.gone: No such file or directory\n"},
         {"zelm_check manifest /run /dev/zero", 2, "", "/run: Is a directory\n/dev/zero: File too large\n"},
         {"seq 3000 | zelm_check settings --kind channel - | tail -n 1", 0,
             "-: there is more than the 1000 findings above\n", ""},
