@@ -1,6 +1,7 @@
 #include "check/check_document.hpp"
 
 #include <algorithm>
+#include <set>
 
 #include "check/document_effect.hpp"
 #include "check/document_shape.hpp"
@@ -32,7 +33,7 @@ Json document_with(const std::string& path, Json value)
     std::vector<std::string> names = split(path, ".");
     for (; !names.empty(); names.pop_back()) {
         const std::string& name = names.back();
-        if (name.find_first_not_of("0123456789") == std::string::npos) {
+        if (is_place(name)) {
             Json::array elements(std::stoul(name), Json::object());
             elements.push_back(std::move(value));
             value = std::move(elements);
@@ -46,7 +47,8 @@ Json document_with(const std::string& path, Json value)
 class DocumentCheck {
 public:
     DocumentCheck(const Schema& schema, Findings& findings)
-        : m_driver(schema.driver), m_shape(shape_of(schema)), m_names(names_in(m_shape)), m_findings(findings)
+        : m_kind(schema.kind), m_driver(schema.driver), m_shape(shape_of(schema)), m_names(names_in(m_shape)),
+          m_findings(findings)
     {
     }
 
@@ -56,11 +58,11 @@ public:
         auto effect = effect_of(m_driver, text);
         if (!effect)
             effect = effect_of(m_driver, harmless.dump());
-        if (effect)
-            for (const Member& member : m_members)
-                look_at_effect(member, *effect);
-        else
-            m_findings.add({"the document would end the run abnormally"});
+        if (!effect)
+            return m_findings.add({"the document would end the run abnormally"});
+        for (const Member& member : m_members)
+            look_at_effect(member, *effect);
+        look_at_unnamed(*effect);
     }
 
 private:
@@ -116,7 +118,7 @@ private:
         return harmless;
     }
 
-    // Something else stands where a group belongs.
+    // Something else stands where a group belongs. A null in an array only keeps the place of an element.
     std::optional<Json> look_at_misfit(const Json& json, const Shape& shape, const std::string& path)
     {
         const std::string wanted = shape.is_array() ? "no array" : "no object";
@@ -125,6 +127,7 @@ private:
             say(path, wanted + ", and would end the run abnormally");
             return std::nullopt;
         }
+        m_keys.insert(effect->keys.begin(), effect->keys.end());
         const auto& settings = effect->settings.all();
         if (!settings.empty())
             say(path,
@@ -133,6 +136,8 @@ private:
                     (settings.size() > 1 ? " and " + std::to_string(settings.size() - 1) + " more" : ""));
         else if (!json.is_null())
             say(path, wanted + ", and would be ignored");
+        else if (!is_place(path.substr(path.rfind('.') + 1)))
+            say(path, "null would be ignored, and leave the settings as they are");
         return json;
     }
 
@@ -158,18 +163,24 @@ private:
         const Row& row = *member.shape->row;
         const std::string& key = member.shape->key;
         const std::string stored = effect.value(key);
+        m_keys.insert(key);
         if (!member.shape->is_read())
             look_at_unread(member);
         else if (key.empty())
             look_at_keyless(member);
         else if (effect.keys.count(key) == 0)
             look_at_unset(member);
+        else if (key == "driver" && stored != m_driver)
+            look_at_driver(member, stored);
         else if (row.marks.status && !stored.empty())
             say(member.path, "is status, and would be stored as " + quoted(stored) + " under " + quoted(key));
-        else if (member.value.is_null() && member.text && *member.text != stored)
+        else if (member.value.is_null() &&
+                 ((member.text && *member.text != stored) || !is_default(stored, row)))
             say(member.path, "null would be stored as " + quoted(stored));
         else if (const std::string change = change_of(member.value, row, stored); !change.empty())
             say(member.path, shown(member.value) + " " + change);
+        else if (counts_as_off(key, stored))
+            say(member.path, shown(member.value) + " is no number, and counts as 0");
     }
 
     void look_at_unread(const Member& member)
@@ -188,8 +199,27 @@ private:
 
     void look_at_unset(const Member& member)
     {
-        if (!holds_nothing(member.value))
+        if (member.value.is_null())
+            say(member.path, "null would be ignored, and leave the setting as it is");
+        else if (!holds_nothing(member.value))
             say(member.path, "would be ignored: what it needs beside it is missing");
+    }
+
+    // What an input is started with stands in its first line.
+    void look_at_driver(const Member& member, const std::string& stored)
+    {
+        if (!stored.empty())
+            say(member.path, shown(member.value) + " would be stored, and is not the document's driver");
+        else if (m_kind != ItemKind::INPUT)
+            say(member.path, shown(member.value) + " would leave the item without a driver");
+    }
+
+    // What is stored although the document doesn't have it, as an object beside it is all that it needs.
+    void look_at_unnamed(const DocumentEffect& effect)
+    {
+        for (const KnownName& known : m_names)
+            if (effect.keys.contains(known.name) && m_keys.insert(known.name).second)
+                say(known.place, "is missing, and " + quoted(effect.value(known.name)) + " would be stored");
     }
 
     void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
@@ -199,11 +229,13 @@ private:
         say(path, "would be ignored" + suggestion(name, path, m_names));
     }
 
+    ItemKind m_kind;
     std::string m_driver;
     Shape m_shape;
     std::vector<KnownName> m_names;
     Findings& m_findings;
     std::vector<Member> m_members;
+    std::set<std::string, std::less<>> m_keys;  // whose members have been looked at
 };
 
 void say_position(const std::string& text, const std::string& fault, Findings& findings)
@@ -218,7 +250,7 @@ void check_document(const std::string& driver, const std::string& text, Findings
 {
     const Schema* schema = find_schema(driver);
     if (!schema) {
-        findings.add({"unknown driver word " + quoted(driver) + ", read as a channel's document" +
+        findings.add({"the driver word " + quoted(driver) + " has no document, read as a channel's" +
                       suggestion(driver, {}, driver_words())});
         schema = find_schema("channel");
     }

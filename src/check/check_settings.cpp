@@ -47,7 +47,7 @@ public:
         const Schema* const schema = checked_driver();
         const KnownSettings known = known_settings(schema ? *schema : *find_schema("channel"));
         if (schema)
-            check_keys(known);
+            check_keys(known, names_of_keys(*schema, known));
         check_values(known);
         m_findings.sort_by_line();
     }
@@ -69,11 +69,11 @@ private:
     {
         const std::string_view marker = marker_of(line);
         const InputType* const type = find_input_type(marker);
+        m_type_driver = {type ? type->driver : "", m_line};
         if (!type)
             return say("unknown type of input " + quoted(marker) + suggestion(marker, {}, input_types()));
         if (!line.starts_with("#!"))
             say("a start takes this for the type of the input, and a listing only \"#!\"");
-        m_type_driver = {type->driver, m_line};
     }
 
     void take_setting(const SettingsLine& setting)
@@ -93,26 +93,45 @@ private:
     {
         if (m_kind == ItemKind::CHANNEL)
             return find_schema("channel");
-        const StoredSetting* const set = m_settings.find("driver");
-        const StoredSetting& driver = set ? *set : m_type_driver;
+        const StoredSetting driver = m_kind == ItemKind::INPUT ? driver_of_input() : set_driver();
         m_line = driver.line;
         if (driver.value.empty()) {
             say("no driver is named, so that the keys can't be checked");
             return nullptr;
         }
         const Schema* const schema = find_schema(driver.value);
-        if (!schema)
-            say("unknown driver word " + quoted(driver.value) + suggestion(driver.value, {}, driver_words()));
-        else if (schema->kind != m_kind)
+        const std::string suggested = suggestion(driver.value, {}, driver_words());
+        if (schema && schema->kind != m_kind)
             say("the driver " + quoted(driver.value) + " is of another kind of items");
+        else if (!schema && has_no_document(driver.value, m_kind))
+            say("the driver " + quoted(driver.value) + " has no document, keys are not checked" + suggested);
+        else if (!schema)
+            say("unknown driver word " + quoted(driver.value) + suggested);
         return schema;
     }
 
-    void check_keys(const KnownSettings& known)
+    StoredSetting set_driver() const
     {
-        std::vector<KnownName> names;
-        for (const auto& [key, rows] : known)
-            names.push_back({key, {}});
+        const StoredSetting* const set = m_settings.find("driver");
+        return set ? *set : StoredSetting();
+    }
+
+    // What an input is started with, or else what it is listed as.
+    StoredSetting driver_of_input()
+    {
+        const StoredSetting set = set_driver();
+        m_line = m_type_driver.line;
+        if (m_line == 0)
+            say("has no type in its first line, and never starts");
+        m_line = set.line;
+        if (!m_type_driver.value.empty() && set.line != 0 && set.value != m_type_driver.value)
+            say("a listing takes " + quoted(set.value) + " for the driver, and a start " +
+                quoted(m_type_driver.value));
+        return m_type_driver.value.empty() ? set : m_type_driver;
+    }
+
+    void check_keys(const KnownSettings& known, const std::vector<KnownName>& names)
+    {
         for (const auto& [key, setting] : m_settings.all()) {
             if (known.contains(key))
                 continue;
@@ -127,6 +146,8 @@ private:
     {
         for (const auto& [key, setting] : m_settings.all()) {
             m_line = setting.line;
+            if (counts_as_off(key, setting.value))
+                say(quoted(setting.value) + " is no number, and counts as 0");
             if (const auto rows = known.find(key);
                 rows != known.end() && ends_listing(rows->second, setting.value))
                 say("a listing as JSON ends abnormally on the " + quoted(key) + " of " +
@@ -150,7 +171,7 @@ private:
     Findings& m_findings;
     SettingsReader m_reader;
     StoredSettings m_settings;
-    StoredSetting m_type_driver;  // what the type of an input means
+    StoredSetting m_type_driver;  // what the type of an input means; no line where there is no type
     std::size_t m_line = 0;
     std::size_t m_long_line = 0;
 };

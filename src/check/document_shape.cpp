@@ -14,11 +14,6 @@ std::vector<std::string> parts_of(Coding coding)
     return parts;
 }
 
-bool is_place(const std::string& name)
-{
-    return name.find_first_not_of("0123456789") == std::string::npos;
-}
-
 void add_names(std::vector<KnownName>& names, const Shape& shape, const std::string& path)
 {
     for (const auto& [name, member] : shape.members) {
@@ -35,6 +30,11 @@ void add_names(std::vector<KnownName>& names, const Shape& shape, const std::str
 }
 
 }  // namespace
+
+bool is_place(const std::string& name)
+{
+    return name.find_first_not_of("0123456789") == std::string::npos;
+}
 
 std::string joined(const std::string& path, const std::string& name)
 {

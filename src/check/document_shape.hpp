@@ -29,3 +29,6 @@ std::vector<KnownName> names_in(const Shape& shape);
 
 // The path of a member, which is its name at the top. An empty name is shown as two quotes.
 std::string joined(const std::string& path, const std::string& name);
+
+// Whether the name of a path is the place of an element in an array.
+bool is_place(const std::string& name);

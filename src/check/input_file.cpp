@@ -33,17 +33,19 @@ Descriptor copy_of(int pipe)
 
 Descriptor open_input(const std::string& name)
 {
-    const int opened = name == "-" ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1)
-                                   : ::open(name.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC);
+    const bool is_named = name != "-";
+    const int opened = is_named ? ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)
+                                : ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     Descriptor file(opened);
     struct stat state {};
     if (!file || ::fstat(file.get(), &state) != 0)
         return {};
-    if (!S_ISREG(state.st_mode))
+    const bool is_regular = S_ISREG(state.st_mode);
+    if (!is_named && !is_regular)
         return copy_of(file.get());
-    if (state.st_size <= INPUT_LIMIT)
+    if (is_regular && state.st_size <= INPUT_LIMIT)
         return file;
-    errno = EFBIG;
+    errno = is_regular ? EFBIG : S_ISDIR(state.st_mode) ? EISDIR : EINVAL;
     return {};
 }
 

@@ -9,8 +9,9 @@
 
 constexpr std::int64_t INPUT_LIMIT = std::int64_t{4} << 20;  // far beyond any document, and soon read
 
-// Opens a file for reading from its beginning; "-" is standard input. A pipe is read to its end first. None
-// with errno set, which is EFBIG for more bytes than the limit.
+// Opens a regular file for reading from its beginning, without waiting for anything. "-" is standard input,
+// which may be a pipe too, and is then read to its end first. None with errno set: EFBIG for more bytes than
+// the limit, EISDIR for a directory, EINVAL for what else is no file.
 Descriptor open_input(const std::string& name);
 
 // All that an open file holds; nothing, with errno set, if it can't be read.

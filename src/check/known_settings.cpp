@@ -1,18 +1,34 @@
 #include "check/known_settings.hpp"
 
+#include <algorithm>
+#include <cstdlib>
+#include <set>
+
 namespace {
 
 // What the tools themselves read of items of every kind.
 constexpr const char* KEYS_OF_ALL[] = {"driver", "autostart", "autorestart"};
 
+// Those of them that count by being above 0.
+constexpr const char* SWITCHES_OF_ALL[] = {"autostart", "autorestart"};
+
+// The outputs' drivers that have no table.
+constexpr const char* OUTPUTS_WITHOUT_DOCUMENT[] = {"newtek_ndi"};
+
 // Regions of a channel that have no place in its document.
 constexpr const char* ALTERNATIVES[] = {"!alt1", "!alt2"};
+
+// A key that holds a "=" ends there in a file.
+std::string in_file(const std::string& key)
+{
+    return key.substr(0, key.find('='));
+}
 
 void add_rows(KnownSettings& known, std::span<const Row> rows, const std::string& key_prefix = {})
 {
     const auto add = [&](const std::string&, const std::string& key, const Row& row) {
         if (!key.empty())
-            known[key.substr(0, key.find('='))].push_back(&row);
+            known[in_file(key)].push_back(&row);
     };
     for_each_member(rows, add, {}, key_prefix);
 }
@@ -35,6 +51,15 @@ std::vector<KnownName> driver_words()
     return words;
 }
 
+// Any word may be the driver of a router.
+bool has_no_document(std::string_view driver, ItemKind kind)
+{
+    return kind == ItemKind::ROUTER ||
+           (kind == ItemKind::OUTPUT &&
+               std::find(std::begin(OUTPUTS_WITHOUT_DOCUMENT), std::end(OUTPUTS_WITHOUT_DOCUMENT), driver) !=
+                   std::end(OUTPUTS_WITHOUT_DOCUMENT));
+}
+
 KnownSettings known_settings(const Schema& schema)
 {
     KnownSettings known;
@@ -45,4 +70,33 @@ KnownSettings known_settings(const Schema& schema)
         for (const char* region : ALTERNATIVES)
             add_rows(known, fields::REGION, region);
     return known;
+}
+
+bool counts_as_off(std::string_view key, const std::string& text)
+{
+    if (text.empty() ||
+        std::find(std::begin(SWITCHES_OF_ALL), std::end(SWITCHES_OF_ALL), key) == std::end(SWITCHES_OF_ALL))
+        return false;
+    char* end = nullptr;
+    std::strtol(text.c_str(), &end, 10);
+    return end == text.c_str();
+}
+
+// The last name of a path alone says enough where one key has it.
+std::vector<KnownName> names_of_keys(const Schema& schema, const KnownSettings& known)
+{
+    std::vector<KnownName> names;
+    for (const auto& [key, rows] : known)
+        names.push_back({key, {}});
+    std::map<std::string, std::set<std::string>> keys_of;
+    for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const Row&) {
+        if (key.empty())
+            return;
+        keys_of[path].insert(in_file(key));
+        keys_of[path.substr(path.rfind('.') + 1)].insert(in_file(key));
+    });
+    for (const auto& [name, keys] : keys_of)
+        if (keys.size() == 1)
+            names.push_back({name, *keys.begin()});
+    return names;
 }

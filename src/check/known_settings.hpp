@@ -12,9 +12,16 @@
 // The table of a driver word; "channel" and the empty word mean a channel's. Null for a word that has none.
 const Schema* find_schema(std::string_view driver);
 
-// The driver words that have a table.
+// The driver words that have a table. One that is a driver all the same has no document to check by.
 std::vector<KnownName> driver_words();
+bool has_no_document(std::string_view driver, ItemKind kind);
 
 // The keys of a settings file, and for each the rows that it is of. Keys that every item has are of none.
 using KnownSettings = std::map<std::string, std::vector<const Row*>, std::less<>>;
 KnownSettings known_settings(const Schema& schema);
+
+// Whether the text of a key that the tools read as a number is none.
+bool counts_as_off(std::string_view key, const std::string& text);
+
+// The keys of a settings file, by the names that their members have in a document, too.
+std::vector<KnownName> names_of_keys(const Schema& schema, const KnownSettings& known);

@@ -32,6 +32,9 @@ std::string suggestion(std::string_view name, std::string_view place, std::span<
     const KnownName* nearest = nullptr;
     std::tuple best(farthest + 1, std::size_t{0});
     for (const KnownName& candidate : known) {
+        const std::size_t size = candidate.name.size();
+        if (std::max(size, name.size()) - std::min(size, name.size()) > std::get<0>(best))
+            continue;  // so many letters at least are to be added or taken away
         const std::size_t letters = distance(name, candidate.name);
         if (letters > std::get<0>(best))
             continue;

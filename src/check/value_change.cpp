@@ -67,3 +67,15 @@ std::string change_of(const Json& json, const Row& row, const std::string& store
         return as_stored + ", on which a listing as JSON ends abnormally";
     }
 }
+
+// A composite of nothing is told from one of zeros by its text alone.
+bool is_default(const std::string& stored, const Row& row)
+{
+    const std::string usual(row.marks.unset.empty() ? row.null_text : row.marks.unset);
+    if (stored.empty() || stored == usual)
+        return true;
+    const Json read_back = codings::written(row.coding, stored, row.null_text).value_or(nullptr);
+    if (usual.empty() && (read_back.is_object() || read_back.is_array()))
+        return false;
+    return read_back == codings::written(row.coding, usual, row.null_text).value_or(nullptr);
+}

@@ -12,3 +12,6 @@ std::string plain(const json11::Json& json);
 // What becomes of a member's value, in words that follow it; empty if it is stored as it stands. `stored` is
 // the flat text, empty if none is stored.
 std::string change_of(const json11::Json& json, const Row& row, const std::string& stored);
+
+// Whether a text that a null stores is what the key counts as when it isn't set. Nothing stored is.
+bool is_default(const std::string& stored, const Row& row);

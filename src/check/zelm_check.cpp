@@ -69,6 +69,11 @@ std::optional<ItemKind> kind_of_file(const std::string& file)
     return std::nullopt;
 }
 
+const char* reason()
+{
+    return errno == EINVAL ? "No regular file" : std::strerror(errno);
+}
+
 // Whether the file could be checked; if not, that has been said.
 bool check_file(const CommandLine& line, const std::string& file, Findings& findings)
 {
@@ -91,7 +96,7 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
             check_document(*line.driver, *text, findings);
     }
     if (!is_read)
-        std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), std::strerror(errno));
+        std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), reason());
     return is_read;
 }
 

@@ -51,7 +51,7 @@ TEST_F(Check, FindsMembersThatWouldBeIgnored)
         {DOCUMENT + "internet_mpeg", R"({"enc": [{"asi": [{"path": "a"}, {"path": "b"}]}, {"asi": []}]})",
             "f: enc.0.asi.1.path: would be ignored: what it needs beside it is missing\n"},
         {DOCUMENT + "x12", R"({"name": "One"})",
-            "f: unknown driver word \"x12\", read as a channel's document; did you mean \"x11\"?\n"},
+            "f: the driver word \"x12\" has no document, read as a channel's; did you mean \"x11\"?\n"},
     });
 }
 
@@ -85,6 +85,21 @@ TEST_F(Check, FindsWhatTheToolsStoreInThePlaceOfAValue)
             "listing as JSON ends abnormally\n"
             "f: video.rate: {\"numerator\": 25} would be stored as \"25:1001li bff\"\n",
             "video aspect ratio=4:3:1\nvideo rate=25:1001li bff\n"},
+        {"alsa", R"({"autostart": "yes", "driver": null})",
+            "f: autostart: \"yes\" is no number, and counts as 0\n"
+            "f: driver: null would leave the item without a driver\n",
+            "autostart=yes\n"},
+        {"internet_mpeg", R"({"driver": "alsa"})",
+            "f: driver: \"alsa\" would be stored, and is not the document's driver\n", "driver=alsa\n"},
+        {"channel", R"({"audio": {"normalizer": {"passes": [{"lower": null, "maximum": null}]}},
+            "regions": {"item": {"video": {"geometry": {"size": null}}}, "global": [null]},
+            "reporting": {"service": null}, "video": null})",
+            "f: video: null would be ignored, and leave the settings as they are\n"
+            "f: audio.normalizer.passes.0.maximum: null would be ignored, and leave the setting as it is\n"
+            "f: regions.item.video.geometry.size: null would be stored as \"0 0\"\n"
+            "f: reporting.service: null would be stored as \"/\"\n"
+            "f: regions.item.video.align: is missing, and \"center center\" would be stored\n",
+            "reporting=/\naudio normalizer lower level=-6\nitem size=0 0\nitem align=center center\n"},
     };
     for (const auto& row : ROWS) {
         expect_found({{DOCUMENT + row.driver, row.document, row.findings}});
@@ -138,13 +153,26 @@ TEST_F(Check, FindsLinesOfSettingsThatTheToolsPassOver)
             "f:3: has more than 1022 bytes, and what is behind them counts as a line of its own\n"},
         {SETTINGS + "router", x11, "f:1: the driver \"x11\" is of another kind of items\n"},
         {SETTINGS + "router", "driver=knox_rs2\nport=1\n",
-            "f:1: unknown driver word \"knox_rs2\"; did you mean \"knox_rsii\"?\n"},
+            "f:1: the driver \"knox_rs2\" has no document, keys are not checked; did you mean \"knox_rsii\"?\n"},
+        {SETTINGS + "output", "driver=newtek_ndi\nkey=1\n",
+            "f:1: the driver \"newtek_ndi\" has no document, keys are not checked\n"},
+        {SETTINGS + "output", "driver=x12\nkey=1\n",
+            "f:1: unknown driver word \"x12\"; did you mean \"x11\"?\n"},
         {SETTINGS + "router", "port=1\n", "f: no driver is named, so that the keys can't be checked\n"},
         {SETTINGS + "input", "#! Video-PassThru\n#multiline\ninterface=a\n", ""},
         {SETTINGS + "input", "#video-passthru\ninterface=a\n",
             "f:1: a start takes this for the type of the input, and a listing only \"#!\"\n"},
         {SETTINGS + "input", "#!video-passtru\ndriver=video_passthru\n",
             "f:1: unknown type of input \"video-passtru\"; did you mean \"video-passthru\"?\n"},
+        {SETTINGS + "input", "driver=trigger_rs232\nport=1\n",
+            "f: has no type in its first line, and never starts\n"},
+        {SETTINGS + "input", "#!trigger-rs232\ndriver=video_passthru\nport=1\n",
+            "f:2: a listing takes \"video_passthru\" for the driver, and a start \"trigger_rs232\"\n"},
+        // Names that a document has for them.
+        {SETTINGS + "output", "driver=x11\nautostart=yes\nautorestart= 1x\nkeepAbove=1\nx11.titel=a\n",
+            "f:2: \"yes\" is no number, and counts as 0\n"
+            "f:4: unknown key \"keepAbove\"; did you mean \"always on top\"?\n"
+            "f:5: unknown key \"x11.titel\"; did you mean \"title\"?\n"},
         {SETTINGS + "channel", "global item 8 loop=1\n!alt2 loop=1\naudio meter=1,b\n",
             "f:3: a listing as JSON ends abnormally on the \"audio meter\" of \"1,b\"\n"},
     });
@@ -165,7 +193,9 @@ TEST_F(Check, TellsItsVerdictToScripts)
         {"cd /run; f=$(printf 'a\\033\\302\\233\\340\\202\\233'); echo '[' >\"$f\"; zelm_check manifest \"$f\" \"$f.gone\"",
             2, "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b:1: a section ends in \"]\"\n",
             "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b.gone: No such file or directory\n"},
-        {"zelm_check manifest /run /dev/zero", 2, "", "/run: Is a directory\n/dev/zero: File too large\n"},
+        {"timeout 10 zelm_check manifest - </dev/zero", 2, "", "-: File too large\n"},
+        {"rm -f /run/pipe; mkfifo /run/pipe; timeout 10 zelm_check manifest /run /run/pipe", 2, "",
+            "/run: Is a directory\n/run/pipe: No regular file\n"},
         {"seq 3000 | zelm_check settings --kind channel - | tail -n 1", 0,
             "-: there is more than the 1000 findings above\n", ""},
         {"echo '[' | zelm_check manifest - >/dev/full", 2, "", "zelm_check: No space left on device\n"},
