@@ -1,5 +1,6 @@
 #include "check/check_manifest.hpp"
 
+#include "platform/io.hpp"
 #include "platform/mediaitem.hpp"
 
 namespace {
@@ -7,7 +8,8 @@ namespace {
 std::string reason(const BrokenLine& broken)
 {
     if (broken.is_rest)
-        return "a line may have 1021 bytes, and what is behind them counts as a line of its own";
+        return "a line may have " + std::to_string(LineReader::LINE_LIMIT) +
+               " bytes, and what is behind them counts as a line of its own";
     const std::string_view line = broken.text;
     const std::size_t equals = line.find('=');
     switch (broken.fault) {

@@ -55,11 +55,12 @@ public:
 private:
     void say(std::string text) { m_findings.add_at_line(m_line, std::move(text)); }
 
-    // A line feed behind 1022 bytes does no harm.
+    // A line feed behind as many bytes as a line may have does no harm.
     void take_rest(std::string_view rest)
     {
         if (!rest.empty() && m_line != m_long_line)
-            say("has more than 1022 bytes, and what is behind them counts as a line of its own");
+            say("has more than " + std::to_string(LineReader::LINE_LIMIT) +
+                " bytes, and what is behind them counts as a line of its own");
         m_long_line = m_line;
         m_reader.read(rest);
     }

@@ -37,6 +37,12 @@ def driver_words(source, candidates):
     return [f"the driver words differ: {sorted(described ^ known)}"] if described != known else []
 
 
+def line_limits(source):
+    """What a line of a file may hold is what the reader of all of them takes."""
+    limit = re.search(r"LINE_LIMIT = (\d+);", (ROOT / "src/platform/io.hpp").read_text())[1]
+    return [f"a line has {told} bytes, not {limit}" for told in re.findall(r"\b(10\d\d) bytes", source) if told != limit]
+
+
 def read_examples(source):
     """Commands and what they print."""
     examples = []
@@ -68,7 +74,7 @@ def run_examples(source):
 
 page = pathlib.Path(sys.argv[1])
 text = (ROOT / "man" / (page.name + ".scd")).read_text()
-faults = lint(page) + run_examples(text)
+faults = lint(page) + line_limits(text) + run_examples(text)
 if page.name == "zelm_outctl.1":
     faults += switches(text) + driver_words(text, (page.parent.parent / "completions/candidates").read_text())
 print("\n".join(faults))
