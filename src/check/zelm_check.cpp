@@ -27,6 +27,7 @@ channel's), of an item's settings file, and of a driver's manifest. FILE may be 
   --driver WORD  the driver whose document it is
   --kind KIND    the kind of the item, which otherwise follows from the file's directory
   --json         print the findings as one JSON array
+  --version      print the version, which is that of the tools too
 
 Exit status: 0 nothing found, 1 something found, 2 wrong usage or unreadable input.
 )";
@@ -158,6 +159,10 @@ int zelm_check(int argc, char** argv)
         const std::string word = argv[i];
         if (word == "--help" || word == "-h") {
             std::fputs(USAGE, stdout);
+            return flushed(NOTHING_FOUND);
+        }
+        if (word == "--version") {
+            std::puts("zelmctl " ZELMCTL_VERSION);
             return flushed(NOTHING_FOUND);
         }
         if (word == "--json")

@@ -188,6 +188,7 @@ TEST_F(Check, TellsItsVerdictToScripts)
             "/mnt/main/tv/outputs/a:2: unknown key \"titel\"; did you mean \"title\"?\n",
             "/run/gone: no directory of items; which kind is it? --kind tells\n"
             "/mnt/main/tv/outputs/gone: No such file or directory\n"},
+        {"zelm_check --version | grep -E '^zelmctl [0-9]+\\.[0-9]+\\.[0-9]+$' >/dev/null", 0, "", ""},
         {"zelm_check document a 2>&1 | head -n 1", 0, "zelm_check: --driver WORD is missing\n", ""},
         {"zelm_check manifest 2>&1 | head -n 1", 0, "zelm_check: FILE is missing\n", ""},
         // A terminal takes also the overlong form of a control character for one.
