@@ -1,4 +1,4 @@
-# Completion of the four tools for bash.
+# Completion of the four tools and of zelm_check for bash.
 
 _zelm_candidates=${BASH_SOURCE[0]%/*}/../../zelmctl/candidates
 
@@ -60,5 +60,5 @@ _zelm() {
         _zelm_quote "${candidate:kept}"
         COMPREPLY+=("$quoted")
     done <<<"$candidates"
-    [[ ${#COMPREPLY[@]} == 1 && ${COMPREPLY[0]} == *= ]] && compopt -o nospace
-} && complete -F _zelm zelm_chctl zelm_outctl zelm_inctl zelm_routectl
+    [[ ${#COMPREPLY[@]} == 1 && ${COMPREPLY[0]} == *[=/] ]] && compopt -o nospace
+} && complete -F _zelm zelm_chctl zelm_outctl zelm_inctl zelm_routectl zelm_check

@@ -1,10 +1,12 @@
-# Completion of the four tools for fish, which reads it under the name of each.
+# Completion of the four tools and of zelm_check for fish, which reads it under the name of each.
 
 set -g __zelm_candidates (status dirname)/../../zelmctl/candidates
 
 # Fails where a file name is to stand: fish then completes one itself.
 function __zelm_find
-    set -l current (commandline -ct | string replace -r '^["\']' '')
+    set -l typed (commandline -ct)
+    # A quote that is still open can't be unescaped.
+    set -l current (string replace -fr '^["\']' '' -- $typed; or string unescape -- $typed; or echo $typed)
     set -g __zelm_found (sh $__zelm_candidates (commandline -opc) "$current")
     test $status != 2
 end

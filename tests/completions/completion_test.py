@@ -45,6 +45,20 @@ ROWS = [
     ("zelm_outctl -c set --set ", "driver=x", ["driver=x11"]),
     ("zelm_outctl -c set --set ", '"driver=x', ["driver=x11"]),
     ("zelm_routectl --set ", "driver=knox_rsi", ["driver=knox_rsii"]),
+    ("zelm_outctl -c start -o ", "mai", []),
+    ("zelm_outctl -c start --force -o ", "mai", ["main"]),
+    ("zelm_outctl -c start -o ", "k", ["k=v:1"]),
+    ("zelm_outctl -c set --set ", "autostart=", ["autostart=0", "autostart=1"]),
+    ("zelm_outctl -c set -o main --set ", "always\\ on\\ top=", ["always on top=0", "always on top=1"]),
+    ("zelm_outctl -c set -o main --set ", "title=", []),
+    ("zelm_outctl -c set --set ", "item=", ["item=/mnt/main/tv/rendermgr/channel1", "item=/mnt/main/tv/inputs/a b"]),
+    ("zelm_outctl -c set --set ", "item=/usr/share/tav", ["item=/usr/share/tavorn4/"]),
+    ("zelm_outctl -c set --set ", "'item=" + SAMPLE[:-9], ["item=" + SAMPLE]),
+    ("zelm_check ", "", ["document", "settings", "manifest"]),
+    ("zelm_check document --driver ", "x", ["x11"]),
+    ("zelm_check --kind ", "", ["channel", "output", "input", "router"]),
+    ("zelm_check --json settings ", "--v", ["--version"]),
+    ("zelm_check document ", SAMPLE[:-9], [SAMPLE]),
     ("zelm_outctl --json-driver ", "", OUTPUT_DOCUMENTS.split()),
     ("zelm_routectl --json-driver ", "", ROUTER_DRIVERS.split()),
     ("zelm_inctl --json-driver ", "t", ["trigger_rs232"]),
@@ -100,8 +114,10 @@ class Terminal:
         self.type(head + typed + ("\x14" if alone else "\x07") + "\x12",
                   lambda _: self.result.read_bytes().endswith(b"\0\n"))
         *words, line, _ = self.result.read_text().split("\0")
-        assert not (alone and line.endswith("= ")), "a blank between the key and its value"
-        words = words[len(shlex.split(head)):]
+        assert not (alone and line.endswith(("= ", "/ "))), "a blank between the key and its value, or in a path"
+        # Of many, bash puts in what follows the last of its word breaks.
+        key = bare(typed[:typed.rfind("=") + 1])
+        words = [word if word.startswith(key) else key + word for word in words[len(shlex.split(head)):]]
         return [] if words == [bare(typed)] else words
 
 
@@ -123,6 +139,8 @@ def main():
         subprocess.run(["zelm_outctl", "-c", "create", "-o", name], check=True)
         subprocess.run(["zelm_outctl", "-c", "set", "-o", name, "--set", "driver=x11", "--set", "title=One"],
                        check=True)
+    for tool, *create in ("zelm_chctl", "channel1"), ("zelm_inctl", "a b", "--type", "video-passthru"):
+        subprocess.run([tool, "-c", "create", "-o", *create], check=True)
     # A running item reports its settings, too.
     subprocess.run("zelm_outctl -c start -o main; until zelm_outctl -c status -o main; do sleep 0.1; done", shell=True,
                    check=True, stdout=subprocess.DEVNULL)
