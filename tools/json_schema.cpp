@@ -43,9 +43,61 @@ Json parsed(const char* text)
     return Json::parse(text, error);
 }
 
-bool is_constant(const Row& row)
+bool has(const Json::array& list, const char* word)
 {
-    return row.coding == Coding::CONSTANT || row.coding == Coding::NULLABLE_CONSTANT;
+    return std::find(list.begin(), list.end(), Json(word)) != list.end();
+}
+
+// A number is a text as well, and a text that is a number as it would be written is that number. What is
+// either stays so.
+Json::object taken(Json::object member)
+{
+    Json::array types = member["type"].array_items();
+    if (has(types, "string")) {
+        if (has(types, "integer"))
+            return member;
+        types.insert(types.end() - 1, "number");
+    } else if (has(types, "number") || has(types, "integer")) {
+        const char* const digits = "(0|-?[1-9][0-9]*)";
+        const char* const any = "-?(0|[1-9][0-9]*)(\\.[0-9]*[1-9])?";
+        types.insert(types.end() - 1, "string");
+        member["pattern"] = std::string("^") + (has(types, "number") ? any : digits) + "$";
+    }
+    member["type"] = joined_types(types, {});
+    return member;
+}
+
+// The usual words first, so that a form can offer them, and then whatever else is taken.
+Json::object with_words(Json::object member, const Json::array& words)
+{
+    const Json any = Json::object{{"type", member["type"]}};
+    member.erase("type");
+    member.erase("examples");
+    member["anyOf"] = Json::array{Json::object{{"enum", words}}, any};
+    return member;
+}
+
+// The parts of a composite take what members of their types take.
+Json taken_parts(const Json& parts)
+{
+    Json::object described = parts.object_items();
+    for (auto& [name, part] : described) {
+        const Json::object member = part.object_items();
+        if (part["type"].is_array())
+            part = taken(member);
+        if (part["examples"].is_array())
+            part = with_words(part.object_items(), part["examples"].array_items());
+    }
+    return described;
+}
+
+Json json_of(const Row& row)
+{
+    Json::object json = parsed(codings::json_schema(row.coding)).object_items();
+    const bool is_scalar = json.count("properties") + json.count("items") == 0;
+    if (json.count("properties") > 0)
+        json["properties"] = taken_parts(json["properties"]);
+    return is_scalar && json["type"] != Json(Json::array{"boolean", "null"}) ? taken(json) : json;
 }
 
 // The two members of a switch are booleans each.
@@ -54,13 +106,18 @@ Coding alone(Coding coding)
     return coding == Coding::SWITCH || coding == Coding::FORCE ? Coding::BOOLEAN : coding;
 }
 
-// What a null writes, as a value of the member. Nothing where it writes nothing.
+// What a key that isn't set counts as, as a value of the member. Where nothing is told, what a null writes:
+// but a size of nothing is none of zeros.
 std::optional<Json> member_default(const Row& row, Coding written_as)
 {
+    const std::string usual(row.marks.unset.empty() ? row.null_text : row.marks.unset);
+    if (!usual.empty())
+        return codings::written(written_as, usual, row.null_text);
     const Json around = Json::object();
     const Json null;
     const auto text = codings::read(alone(row.coding), {&around, &null}, row.null_text);
-    return text ? codings::written(alone(written_as), *text, row.null_text) : std::nullopt;
+    const bool is_scalar = parsed(codings::json_schema(row.coding))["properties"].is_null();
+    return text && is_scalar ? codings::written(alone(written_as), *text, row.null_text) : std::nullopt;
 }
 
 // What the parts of a composite that are null or missing read as.
@@ -79,43 +136,40 @@ Json with_part_defaults(const Json& parts, const Row& row)
     return described;
 }
 
-void add_words(Json::object& schema, const Row& row)
+// The flat key is what people call a member. What has none is called by its name in the document.
+std::string title_of(const Row& row)
 {
-    Json::array words;
-    if (!row.marks.words.empty())
-        words = Json(split(std::string(row.marks.words), "|")).array_items();
-    else if (is_constant(row) && !row.null_text.empty())
-        words = {std::string(row.null_text)};
-    if (words.empty())
-        return;
-    const bool is_enforced = is_constant(row) && row.marks.direction == Direction::BOTH;
-    if (is_enforced)
-        words.push_back(nullptr);
-    schema[is_enforced ? "enum" : "examples"] = words;
+    const std::size_t begin = row.key.find_first_not_of(' ');
+    if (begin == std::string_view::npos)
+        return std::string(row.path.substr(row.path.rfind('.') + 1));
+    return std::string(row.key.substr(begin, row.key.find('=') - begin));
 }
 
 void add_row(Member& member, const Row& row)
 {
     Json::object& schema = member.schema;
-    const Json type = parsed(codings::json_schema(row.coding));
+    const Json type = json_of(row);
     for (const auto& [name, value] : type.object_items()) {
         if (name == "type" && schema.count(name) > 0 && value.is_array())
             schema[name] = joined_types(schema[name].array_items(), value.array_items());
         else
             schema[name] = name == "properties" ? with_part_defaults(value, row) : value;
     }
+    schema["title"] = title_of(row);
     if (!row.description.empty())
         schema["description"] = std::string(row.description);
     if (row.marks.status)
         schema["readOnly"] = true;
-    add_words(schema, row);
+    if (!row.marks.words.empty())
+        schema = with_words(schema, Json(split(std::string(row.marks.words), "|")).array_items());
     if (row.marks.direction != Direction::READ) {
         member.is_written = true;
         member.written_as = row.coding;
     }
     if (row.marks.direction != Direction::WRITTEN) {
         member.is_read = true;
-        if (const auto json = member_default(row, member.is_written ? member.written_as : row.coding))
+        const auto json = member_default(row, member.is_written ? member.written_as : row.coding);
+        if (json && !row.marks.status)
             schema["default"] = *json;
     }
 }
@@ -125,25 +179,33 @@ Json schema_of(const Member& member);
 Json object_schema(const Member& member)
 {
     Json::object properties;
-    for (const auto& [name, inner] : member.members)
-        properties[name] = schema_of(inner);
+    for (const auto& [name, inner] : member.members) {
+        Json::object property = schema_of(inner).object_items();
+        property.emplace("title", name);
+        properties[name] = property;
+    }
     return Json::object{{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
+}
+
+// Any element may be null, which leaves its settings alone.
+Json element_schema(const Member& element)
+{
+    Json::object schema = object_schema(element).object_items();
+    schema["type"] = Json::array{"object", "null"};
+    return schema;
 }
 
 Json list_schema(const Member& list)
 {
     Json::array places;
     for (const auto& [place, element] : list.members)
-        places.push_back(object_schema(element));
-    return Json::object{{"type", Json::array{"array", "null"}}, {"prefixItems", places}, {"items", false}};
+        places.push_back(element_schema(element));
+    return Json::object{{"type", "array"}, {"prefixItems", places}, {"items", false}};
 }
 
-// Any element may be null, which leaves its settings alone.
 Json repeated_schema(const Member& element, int count)
 {
-    Json::object items = object_schema(element).object_items();
-    items["type"] = Json::array{"object", "null"};
-    return Json::object{{"type", Json::array{"array", "null"}}, {"items", items}, {"maxItems", count}};
+    return Json::object{{"type", "array"}, {"items", element_schema(element)}, {"maxItems", count}};
 }
 
 Json schema_of(const Member& member)
@@ -194,14 +256,34 @@ std::string indented(const Json& json, const std::string& margin)
     return text + "\n" + margin + (json.is_object() ? "}" : "]");
 }
 
+// The word by which the item has this document. Where another one, or a null, changes nothing that is kept,
+// null is as good.
+void name_driver(Member& document, const Schema& schema)
+{
+    const auto driver = document.members.find("driver");
+    if (driver == document.members.end())
+        return;
+    const bool is_kept = schema.kind != ItemKind::INPUT &&
+                         std::any_of(schema.rows.begin(), schema.rows.end(),
+                             [](const Row& row) { return row.path == "driver" && !row.key.empty(); });
+    const std::string word(schema.driver);
+    Json::object& member = driver->second.schema;
+    member["type"] = is_kept ? Json("string") : Json(Json::array{"string", "null"});
+    member["enum"] = is_kept ? Json::array{word} : Json::array{word, nullptr};
+    member["default"] = word;
+}
+
 }  // namespace
 
 std::string json_schema_of(const Schema& schema)
 {
+    const std::string driver(schema.driver);
     Member document;
     add_rows(document, schema.rows);
+    name_driver(document, schema);
     Json::object top = object_schema(document).object_items();
     top["$schema"] = "https://json-schema.org/draft/2020-12/schema";
-    top["title"] = "Document of driver " + std::string(schema.driver);
+    top["$id"] = "https://zelmctl.example/schemas/" + driver + ".schema.json";
+    top["title"] = "Document of driver " + driver;
     return indented(top, "") + "\n";
 }

@@ -6,5 +6,6 @@
 #include <string>
 
 // Draft 2020-12, as text. Whatever the tools print for an item is valid, and so is every document of known
-// members of the right types; each member that a document can set takes null.
+// members whose values are stored as they stand; each member takes null, but for a driver's word that is
+// kept. A document of all defaults leaves an item as it is.
 std::string json_schema_of(const Schema& schema);

@@ -17,40 +17,87 @@ DRIVERS = [
 # What was typed by hand. Two keys end a listing whose text is none of theirs.
 TEXTS = ["", "1", "-2.5", "loud", "3000000000", "1e999", "nan", "15", "25/1p", "text", "decibelm5", "/a//b/", "a b"]
 SAFE = {"audio meter": "-inf,-3", "video aspect ratio": "16:9"}
+# What is stored as it stands, and what is not: the schema and zelm_check are of one mind.
+TAKEN = [
+    ("knox_rsii", {"inputs": 8}), ("x11", {"driver": None}), ("alsa", {"driver": "alsa", "alsa_output": None}),
+    ("x11", {"video": {"rate": "25"}, "x11": {"title": 7.5, "fullscreen": {"position": {"x": -3}}}}),
+    ("drmkms", {"kms": {"connector": {"type": "displayport", "card": {"select": "0"}}}}),
+    ("internet_mpeg", {"enc": [None, {"asi": [None], "audio": {"encoder": "opus", "rate": 48000}}]}),
+    ("internet_mpeg", {"audio_normalizer_map_mode": "cubic"}), ("video_passthru", {"driver": None, "width": 720}),
+    ("channel", {"behavior": {"systemDelay": {"count": "2", "units": "frames"}}, "audio": {"ducking": {"level": "-6.5"}}}),
+    ("channel", {"regions": {"music": {"policy": "sometimes"}, "global": [{"enable": False}, None]}}),
+    ("channel", {"video": {"aspect": {"width": 16, "height": "9"}, "subsampling": "4:2:1"}}),
+]
 REFUSED = [
     ("x11", {"x11": {"keepAbov": True}}), ("x11", {"x11": {"keepAbove": "yes"}}), ("x11", {"behaviour": {}}),
     ("x11", {"driver": "alsa"}), ("x11", {"source": "/mnt/one"}), ("shoutcast", {"enc": [{}, {"codec": "mp3"}]}),
     ("drmkms", {"kms": {"connector": {"card": {"select": True}}}}), ("internet_mpeg", {"enc": [{}, {}, {}, {}]}),
-    ("internet_mpeg", {"enc": [{"asi": [{"path": 5}]}]}), ("channel", {"behavior": {"systemDelay": {"unit": "s"}}}),
-    ("channel", {"audio": {"normalizer": {"passes": [{}, {"minimum": -3}]}}}),
+    ("internet_mpeg", {"enc": [{"asi": [{"path": False}]}]}), ("channel", {"behavior": {"systemDelay": {"unit": "s"}}}),
+    ("channel", {"audio": {"normalizer": {"passes": [{}, {"minimum": -3}]}}}), ("x11", {"video": {"rate": "025"}}),
     ("channel", {"regions": {"main": {"kind": "items"}}}), ("channel", {"regions": {"item": {"policy": "never"}}}),
+    ("alsa", {"driver": None}), ("alsa", {"driver": "oss"}), ("internet_mpeg", {"driver": ""}), ("x11", {"x11": None}),
+    ("shoutcast", {"driver": "alsa"}), ("shoutcast", {"enc": None}), ("video_passthru", {"driver": "trigger_rs232"}),
+    ("x11", {"video": {"rate": 2.5}}), ("channel", {"audio": {"ducking": {"level": "loud"}}}),
 ]
 MEMBERS = [
-    ("x11", ["x11", "active"], {"type": ["boolean", "null"], "default": False, "readOnly": True,
+    ("x11", ["x11", "active"], {"type": ["boolean", "null"], "readOnly": True, "title": "active",
                                 "description": "Status, whether X11 window is active"}),
-    ("x11", ["driver"], {"type": ["string", "null"], "enum": ["x11", None], "default": "x11"}),
+    ("x11", ["driver"], {"type": ["string", "null"], "enum": ["x11", None], "default": "x11", "title": "driver"}),
     ("drmkms", ["kms", "connector", "type"], {
-        "type": ["string", "null"], "examples": ["hdmi", "vga", "dvi-d", "lvds"], "default": "hdmi",
-        "description": "What kind of connector to use on the card"}),
-    ("channel", ["reporting", "interval"], {
-        "type": ["number", "null"], "default": 5,
-        "description": "How frequently to send updates to the reporting service in seconds"}),
-    ("channel", ["debug", "burnIn"], {"type": ["string", "null"], "default": None, "writeOnly": True,
-                                      "description": "Render debug info into the frame"}),
+        "anyOf": [{"enum": ["hdmi", "vga", "dvi-d", "lvds"]}, {"type": ["string", "number", "null"]}],
+        "default": "hdmi", "title": "connector", "description": "What kind of connector to use on the card"}),
+    ("internet_mpeg", ["audio_normalizer_map_mode"], {
+        "type": ["string", "number", "null"], "default": "", "title": "audio normalizer map mode",
+        "description": "Set audio normalization mapping mode. Decibel (log) mode can provide higher quality at the cost"
+                       " of some additional CPU load."}),
+    ("channel", ["debug", "burnIn"], {
+        "type": ["string", "number", "null"], "default": None, "writeOnly": True, "title": "burn in",
+        "description": "Render debug info into the frame"}),
 ]
+# One is stored twice, and the key of the other ends in a "=": what is stored of them is not what was given.
+TWOFOLD = {"audio.normalizer.enable", "audio.normalizer.passes.1.upper"}
 
 
 def output_of(*command):
     return subprocess.run(command, stdout=subprocess.PIPE, check=True, encoding="utf-8").stdout
 
 
-# The document with every value null that a document can set; the meter is told alone.
+# The document with every value null that a document can set; the meter is told alone, and the driver's word is kept.
 def with_nulls(value, name=""):
     if isinstance(value, dict):
         return {key: with_nulls(member, key) for key, member in value.items()}
     if isinstance(value, list) and any(isinstance(element, dict) for element in value):
         return [with_nulls(element) for element in value]
-    return value if name == "meter" else None
+    return value if name in ("meter", "driver") else None
+
+
+# What a form has before anybody types.
+def form_of(schema):
+    if schema.get("type") == "object":
+        forms = {name: form_of(member) for name, member in schema["properties"].items()}
+        return {name: form for name, form in forms.items() if form != ()}
+    if "prefixItems" in schema:
+        return [form_of({**element, "type": "object"}) for element in schema["prefixItems"]]
+    if "maxItems" in schema:
+        return [form_of({**schema["items"], "type": "object"})] * schema["maxItems"]
+    return schema.get("default", ())
+
+
+def findings(driver, document):
+    found = subprocess.run(["zelm_check", "--json", "document", "--driver", driver, "-"], input=json.dumps(document),
+                           stdout=subprocess.PIPE, encoding="utf-8").stdout
+    return [finding for finding in json.loads(found) if finding.get("member") not in TWOFOLD]
+
+
+def check_form(tool, path, item, driver):
+    before = open(path).readline()
+    form = form_of(schema_of(driver))
+    output_of(tool, "-c", "set", "-o", item, "--json-driver", driver, "--json-out", json.dumps(form))
+    listed = json.loads(output_of(tool, "-c", "list", "--json", "-o", item))
+    if listed.get("driver") != form.get("driver") or before not in ("\n", *open(path)):
+        print(f"a form of all defaults leaves {driver} with {open(path).read()}")
+    for finding in findings(driver, form):
+        print(f"a form of all defaults for {driver}: {finding}")
 
 
 def schema_of(driver):
@@ -66,6 +113,8 @@ def check(tool, directory, program, driver):
         return json.loads(output_of(tool, "-c", "list", "--json", "-o", item))
 
     first_line = {"zelm_chctl": "", "zelm_inctl": "#!" + driver.replace("_", "-")}.get(tool, "driver=" + driver)
+    open(f"/mnt/main/tv/{directory}/{item}", "w").write(first_line + "\n")
+    check_form(tool, f"/mnt/main/tv/{directory}/{item}", item, driver)
     manifest = open(f"/usr/share/tavorn4/arglist/{program}.al", encoding="utf-8").read()
     keys = [key for key in re.findall(r"^\[([^=]*)\]$", manifest, re.M) if key != "driver"]
     documents = [{}]
@@ -88,9 +137,12 @@ def check(tool, directory, program, driver):
 for tool, directory, program, drivers in DRIVERS:
     for driver in drivers.split():
         check(tool, directory, program if driver == "channel" else program + driver, driver)
-for driver, document in REFUSED:
-    if Draft202012Validator(schema_of(driver)).is_valid(document):
-        print(f"{driver} takes {document}")
+for verdict, rows in (True, TAKEN), (False, REFUSED):
+    for driver, document in rows:
+        if Draft202012Validator(schema_of(driver)).is_valid(document) != verdict:
+            print(f"{driver}: the schema is wrong of {document}")
+        if (findings(driver, document) == []) != verdict:
+            print(f"{driver}: zelm_check is wrong of {document}: {findings(driver, document)}")
 for driver, path, expected in MEMBERS:
     member = schema_of(driver)
     for name in path:

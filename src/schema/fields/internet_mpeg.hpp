@@ -1,5 +1,5 @@
 // The members of an internet_mpeg output's document, in their order. All are texts, the switches and the
-// levels of the normalizer too.
+// levels of the normalizer too, and of none of the normalizer's are usual words known.
 #pragma once
 
 #include "schema/fields/audio_normalizer.hpp"
@@ -13,8 +13,10 @@ using enum Coding;
 
 inline constexpr auto INTERNET_MPEG_NORMALIZER = [] {
     auto rows = audio_normalizer("-24.000", "-6.000", "-3.000");
-    for (Row& row : rows)
+    for (Row& row : rows) {
         row.coding = TEXT;
+        row.marks.words = {};
+    }
     return rows;
 }();
 
