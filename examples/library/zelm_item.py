@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The Ansible module behind fleet.yml."""
 
+import os
 import re
 import time
 
@@ -45,6 +46,7 @@ options:
 """
 
 TOOLS = {"channel": "zelm_chctl", "output": "zelm_outctl", "input": "zelm_inctl", "router": "zelm_routectl"}
+DIRECTORIES = {"channel": "rendermgr", "output": "outputs", "input": "inputs", "router": "routing"}
 
 
 class Item:
@@ -57,13 +59,17 @@ class Item:
         return self.module.run_command(
             [TOOLS[self.wanted["kind"]], "-c", command, "-o", self.wanted["name"], *arguments])
 
-    def change(self, command, *arguments):
-        """Of set, success is no word, as its status is always 0. The others may warn."""
-        self.done.append(command)
+    def change(self, command, *arguments, verify=lambda: None):
+        """What the tool said. A set that says anything has failed, as its status is always 0. The others may warn."""
+        said = ""
         if not self.module.check_mode:
             status, output, errors = self.tool(command, *arguments)
+            said = output + errors
             if status != 0 or (errors and command == "set"):
-                self.fail(f"{command} ended with {status}: {output}{errors}")
+                self.fail(f"{command} ended with {status}: {said}")
+            verify()
+        self.done.append(command)
+        return said
 
     def settings(self):
         """What a listing shows, or None if there is no such item."""
@@ -79,11 +85,13 @@ class Item:
 
     def move(self, command, *arguments):
         """Starts or stops the item, which neither command waits for to the end."""
-        self.change(command, *arguments)
+        said = self.change(command, *arguments)
+        if "Unable to identify driver" in said and command == "start":
+            self.fail(f"there is nothing to start: {said}")
         deadline = time.monotonic() + self.wanted["timeout"]
         while not self.module.check_mode and self.runs() != (command == "start"):
             if time.monotonic() > deadline:
-                self.fail(f"{command} has had no effect after {self.wanted['timeout']} seconds")
+                self.fail(f"{command} has had no effect after {self.wanted['timeout']} seconds. {said}")
             time.sleep(0.1)
 
     def stop(self):
@@ -92,10 +100,26 @@ class Item:
     def set(self, settings):
         pairs = [f"{key}={line}" for key, value in settings.items() for line in value.split("\n")]
         if pairs:
-            self.change("set", *(word for pair in pairs for word in ("--set", pair)))
+            self.change("set", *(word for pair in pairs for word in ("--set", pair)),
+                        verify=lambda: self.read_back(settings))
+
+    def read_back(self, settings):
+        """From the file: a listing shows what the driver of a running item reports in the place of a setting."""
+        path = os.path.join("/mnt/main/tv", DIRECTORIES[self.wanted["kind"]], self.wanted["name"])
+        try:
+            with open(path, "rb") as file:
+                lines = file.read().split(b"\n")
+        except OSError as error:
+            self.fail(f"it can't be told what set has done: {error}")
+        for key, value in settings.items():
+            stored = [line for line in lines if line.startswith(os.fsencode(f"{key}="))]
+            wanted = [os.fsencode(f"{key}={line}") for line in value.split("\n")] if value else []
+            if not set(wanted) <= set(stored) or (stored and not wanted):
+                self.fail(f"set has had no effect on {key!r}")
 
     def fail(self, why):
-        self.module.fail_json(msg=f"{self.wanted['kind']} {self.wanted['name']}: {why}", done=self.done)
+        self.module.fail_json(msg=f"{self.wanted['kind']} {self.wanted['name']}: {why}".rstrip(),
+                              changed=bool(self.done), done=self.done)
 
 
 def as_text(value):
