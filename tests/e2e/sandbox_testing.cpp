@@ -16,10 +16,23 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The sandbox falls back to the real machine where namespaces are refused, so only what the tool starts is
-// ended, and nothing else is touched.
+// Where namespaces are refused, the sandbox uses the real machine and marks what it starts: beside it there
+// may be others' drivers, with the same names.
+bool is_of_this_sandbox(const fs::path& process)
+{
+    static const char* const mark = std::getenv("SANDBOX_OF");
+    if (mark == nullptr)
+        return true;
+    const std::string marked = "SANDBOX_OF=" + std::string(mark) + '\0';
+    const std::string environment = read_file(process / "environ");
+    return environment.starts_with(marked) || environment.find('\0' + marked) != std::string::npos;
+}
+
+// Only what the tool starts is ended.
 bool is_of_the_appliance(const fs::path& process)
 {
+    if (!is_of_this_sandbox(process))
+        return false;
     const std::string name = read_file(process / "comm");
     if (name == "daemon\n")
         return read_file(process / "cmdline").find("--name=tavorn.") != std::string::npos;
