@@ -34,7 +34,7 @@ def comes_to_be(state):
 
 def by_find_package():
     run("cmake", "--install", sys.argv[2], "--prefix", WORK / "kit", "--component", "driver")
-    run("cmake", "-S", EXAMPLES, "-B", WORK / "build", f"-DCMAKE_PREFIX_PATH={WORK}/kit")
+    run("cmake", "-G", "Ninja", "-S", EXAMPLES, "-B", WORK / "build", f"-DCMAKE_PREFIX_PATH={WORK}/kit")
     run("cmake", "--build", WORK / "build")
     return WORK / "build/driver"
 
