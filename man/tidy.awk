@@ -1,6 +1,6 @@
 # Puts the paragraphs of scdoc where they have a text to follow, and keeps words whole: a file name that is
-# hyphenated is another one.
-/^\.P$/ { held = !after_heading; next }
+# hyphenated is another one. Newer ones of scdoc call a paragraph .PP.
+/^\.PP?$/ { held = !after_heading; next }
 /^\.RE$/ { print; next }
 {
     if (held && !/^\.(SH|SS)/) print ".P"
