@@ -101,30 +101,38 @@ TEST_F(Neighbours, ALockThatAnybodyCanTakeHoldsNobodyUp)
 TEST_F(Neighbours, AnItemThatGoesDuringASetDoesNotComeBack)
 {
     // While the set waits for the file, and just before it puts the new one in place.
-    const std::string waits = "(flock -o a sleep 0.5; sleep 0.1) & sleep 0.1; ";
-    const std::string holds = "strace -qq -o /dev/null --inject=renameat2:delay_enter=500000 ";
-    const bool traceable = sh(holds + "true").status == 0;
-    for (const auto& [before, tracer] : {std::pair(waits, ""s), std::pair(""s, holds)})
+    const std::string tracer = "strace -qq -o /dev/null --inject=renameat2:delay_enter=1000000 ";
+    const struct {
+        std::string start;
+        std::string reached;
+    } moments[] = {
+        {"flock -o a sh -c 'until [ -e /run/gone ]; do sleep 0.01; done' & "
+         "while flock -n a true; do sleep 0.01; done; ",
+            R"(grep -q -e "-> FLOCK.*:$(stat -c %i a) " /proc/locks)"},
+        {tracer, "grep -q b=1 .a.metadir/.tmpup"},
+    };
+    const bool traceable = sh(tracer + "true").status == 0;
+    for (const auto& [start, reached] : moments)
         for (const auto& [go, left] :
             {std::pair("delete -o a", ""), std::pair("rename -o a --to c", "c\n")}) {
-            if (!tracer.empty() && !traceable)
+            if (start == tracer && !traceable)
                 continue;
-            sh(IN_OUTPUTS + "rm -rf * .[a-z]*; touch a");
-            const std::string set = tracer + "zelm_outctl -c set -o a --set b=1 >/run/out 2>&1 & sleep 0.3; ";
-            sh(IN_OUTPUTS + "export ASAN_OPTIONS=detect_leaks=0; " + before + set + "zelm_outctl -c " + go +
-                "; wait");
+            sh(IN_OUTPUTS + "rm -rf * .[a-z]* /run/gone; touch a");
+            sh(IN_OUTPUTS + "export ASAN_OPTIONS=detect_leaks=0; " + start +
+                "zelm_outctl -c set -o a --set b=1 >/run/out 2>&1 & for try in $(seq 1000); do " + reached +
+                " && break; sleep 0.01; done; zelm_outctl -c " + go + "; touch /run/gone; wait");
             EXPECT_EQ(read_file("/run/out"),
                 "Unable to replace /mnt/main/tv/outputs/a, No such file or directory\n")
-                << tracer << go;
+                << start << go;
             EXPECT_EQ(output_of(IN_OUTPUTS + "ls; find . -name .tmpup -o -name .a.metadir"), left)
-                << tracer << go;
+                << start << go;
         }
 }
 
 TEST_F(Neighbours, AMetadirThatASetMakesBelongsToTheItemsOwner)
 {
-    if (!has_other_users())
-        GTEST_SKIP() << "no other users here";
+    if (!sees_other_users())
+        GTEST_SKIP() << "other users' processes are not seen here";
     sh("chown 1234:1235 /mnt/main/tv/outputs/a; zelm_outctl -c set -o a --set b=1");
     EXPECT_EQ(output_of("stat -c '%u %g %a' /mnt/main/tv/outputs/.a.metadir"), "1234 1235 755\n");
     start("zelm_outctl", "a");
