@@ -16,23 +16,34 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Where namespaces are refused, the sandbox uses the real machine and marks what it starts: beside it there
-// may be others' drivers, with the same names.
-bool is_of_this_sandbox(const fs::path& process)
+pid_t parent_of(pid_t pid)
 {
-    static const char* const mark = std::getenv("SANDBOX_OF");
-    if (mark == nullptr)
-        return true;
-    const std::string marked = "SANDBOX_OF=" + std::string(mark) + '\0';
-    const std::string environment = read_file(process / "environ");
-    return environment.starts_with(marked) || environment.find('\0' + marked) != std::string::npos;
+    const std::string stat = read_file("/proc/" + std::to_string(pid) + "/stat");
+    const std::size_t name_end = stat.rfind(") ");
+    return name_end == std::string::npos ? 0 : std::stoi(stat.substr(name_end + sizeof ") S"));
+}
+
+// The sandbox's init, to which everything comes that outlives its parent.
+pid_t init_of_this_sandbox()
+{
+    pid_t pid = ::getppid();
+    while (pid > 1 && read_file("/proc/" + std::to_string(pid) + "/comm") != "tini\n")
+        pid = parent_of(pid);
+    return pid;
+}
+
+// Where namespaces are refused, there may be others' drivers beside it, with the same names.
+bool is_of_this_sandbox(pid_t pid)
+{
+    static const pid_t init = init_of_this_sandbox();
+    while (pid > 1 && pid != init)
+        pid = parent_of(pid);
+    return pid == init;
 }
 
 // Only what the tool starts is ended.
 bool is_of_the_appliance(const fs::path& process)
 {
-    if (!is_of_this_sandbox(process))
-        return false;
     const std::string name = read_file(process / "comm");
     if (name == "daemon\n")
         return read_file(process / "cmdline").find("--name=tavorn.") != std::string::npos;
@@ -42,7 +53,8 @@ bool is_of_the_appliance(const fs::path& process)
 bool end_one_process(const fs::path& process)
 {
     const std::string id = process.filename();
-    if (id.find_first_not_of("0123456789") != std::string::npos || !is_of_the_appliance(process))
+    if (id.find_first_not_of("0123456789") != std::string::npos || !is_of_the_appliance(process) ||
+        !is_of_this_sandbox(std::stoi(id)))
         return false;
     ::kill(std::stoi(id), SIGKILL);
     return true;
@@ -119,6 +131,13 @@ void expect_each(const std::vector<std::string>& command_lines, const Outcome& o
 bool has_other_users()
 {
     return sh(AS_NOBODY + "true").status == 0;
+}
+
+bool sees_other_users()
+{
+    return has_other_users() && sh(AS_NOBODY + "sleep 9 & until grep -qs sleep /proc/$!/comm; do :; done; "
+                                               "readlink /proc/$!/exe; seen=$?; kill $!; exit $seen")
+                                        .status == 0;
 }
 
 Mount::Mount(const std::string& arguments, const std::string& where)

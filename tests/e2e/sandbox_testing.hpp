@@ -40,6 +40,9 @@ void expect_each(const std::vector<std::string>& command_lines, const Outcome& o
 inline const std::string AS_NOBODY = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
 bool has_other_users();
 
+// Without the right to trace, root does not see what another user's process holds, nor which item it serves.
+bool sees_other_users();
+
 // A mount that lasts as long as the object; false where the machine refuses it.
 class Mount {
 public:
