@@ -12,11 +12,11 @@ enum class DriverSource : std::uint8_t { NOTHING, MARKER_LINE, DRIVER_LINE };
 
 struct Role {
     ItemKind kind;
-    const char* tool;        // the name that the tool is called by
-    const char* help_title;  // the first lines of its help
-    const char* word;        // for one of its items; the respawn manager knows them by it
-    const char* directory;   // where its items lie
     DriverSource driver_source;
+    const char* tool;          // the name that the tool is called by
+    const char* help_title;    // the first lines of its help
+    const char* word;          // for one of its items; the respawn manager knows them by it
+    const char* directory;     // where its items lie
     const char* program;       // what the driver's program is called, up to the driver's word
     const char* debug_prefix;  // what a debug file is called, up to the driver's word; no channel's has one
 };
@@ -26,41 +26,41 @@ struct Role {
 inline constexpr Role ROLES[] = {
     {
         .kind = ItemKind::CHANNEL,
+        .driver_source = DriverSource::NOTHING,
         .tool = "zelm_chctl",
         .help_title = "zelm_chctl [options]\nTavorn 4.0 channel control\n",
         .word = "channel",
         .directory = CHANNEL_LIST_PATH,
-        .driver_source = DriverSource::NOTHING,
         .program = "zelm_rendermgr",
         .debug_prefix = "",
     },
     {
         .kind = ItemKind::OUTPUT,
+        .driver_source = DriverSource::DRIVER_LINE,
         .tool = "zelm_outctl",
         .help_title = "zelm_outctl [options]\nTavorn 4.0 output control\n",
         .word = "output",
         .directory = OUTPUT_LIST_PATH,
-        .driver_source = DriverSource::DRIVER_LINE,
         .program = "zelm_out_",
         .debug_prefix = "output.",
     },
     {
         .kind = ItemKind::INPUT,
+        .driver_source = DriverSource::MARKER_LINE,
         .tool = "zelm_inctl",
         .help_title = "zelm_inctl [options]\nTavorn 4.0 input control\n",
         .word = "input",
         .directory = INPUT_LIST_PATH,
-        .driver_source = DriverSource::MARKER_LINE,
         .program = "zelm_",
         .debug_prefix = "input.",
     },
     {
         .kind = ItemKind::ROUTER,
+        .driver_source = DriverSource::DRIVER_LINE,
         .tool = "zelm_routectl",
         .help_title = "zelm_routctl [options]\nTavorn 4.0 routing control\n",
         .word = "router",
         .directory = ROUTING_LIST_PATH,
-        .driver_source = DriverSource::DRIVER_LINE,
         .program = "zelm_",
         .debug_prefix = "input.",
     },
