@@ -33,7 +33,7 @@ def driver_words(source, candidates):
     """The page has those that completion takes from the tool's own tables, and no others."""
     section = re.search(r"^# DRIVERS\n(.*?)^# ", source, re.MULTILINE | re.DOTALL)[1]
     described = set(re.findall(r"(?<!\S)_([a-z0-9_]+)_(?!\w)", section))
-    known = set(" ".join(re.findall(r"(?:drivers|documents)='(.+?)'", candidates)).split())
+    known = set(" ".join(re.findall(r"(?:drivers|documents)='([^']*)'", candidates)).split())
     return [f"the driver words differ: {sorted(described ^ known)}"] if described != known else []
 
 

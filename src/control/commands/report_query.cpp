@@ -6,7 +6,7 @@
 
 namespace {
 
-ReportConnection connection;
+ReportConnection item_connection;
 
 void progress(const char* format, const std::string& path = {})
 {
@@ -49,14 +49,14 @@ int merge_reply(InfoList& list, const ReportExchange& exchange)
 
 int do_list_send_command(const char* path, InfoList& list)
 {
-    const bool is_open = connection.leads_to(path);
-    std::optional<ReportExchange> exchange = connection.begin(path, report_deadline(per_item_timeout));
+    const bool is_open = item_connection.leads_to(path);
+    std::optional<ReportExchange> exchange = item_connection.begin(path, report_deadline(per_item_timeout));
     if (!exchange)
         return 0;
     if (exchange->outcome() != ReportOutcome::NO_SOCKET)
         progress(is_open ? "Re-using connection to %s\n" : "Connecting to %s\n", path);
     proceed_to_end(*exchange);
-    connection.keep(*exchange);
+    item_connection.keep(*exchange);
     const bool is_late = exchange->outcome() == ReportOutcome::CONNECT_TIMED_OUT;
     if (is_late || exchange->outcome() == ReportOutcome::CONNECT_FAILED)
         progress("Connection failed\n");
@@ -67,5 +67,5 @@ int do_list_send_command(const char* path, InfoList& list)
 
 void close_report_connection()
 {
-    connection.close();
+    item_connection.close();
 }

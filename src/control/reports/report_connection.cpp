@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::uint64_t BETWEEN_ATTEMPTS_US = 1000000;
+constexpr std::uint64_t BETWEEN_QUERIES_US = 1000000;
 constexpr std::uint64_t BACK_OFF_US = 10000000;  // on top of that
 
 }  // namespace
@@ -19,7 +19,7 @@ std::optional<ReportExchange> ReportConnection::begin(const std::string& path, s
     if (now < held_off)
         return {};
     if (!m_connection)
-        held_off = now + BETWEEN_ATTEMPTS_US;
+        held_off = now + BETWEEN_QUERIES_US;
     return ReportExchange(path, deadline_us, std::move(m_connection));
 }
 
@@ -29,7 +29,7 @@ void ReportConnection::keep(ReportExchange& exchange)
     switch (exchange.outcome()) {
     case ReportOutcome::CONNECT_FAILED:
     case ReportOutcome::CONNECT_TIMED_OUT:
-        m_held_off[exchange.path()] = monotonic_clock_us() + BACK_OFF_US + BETWEEN_ATTEMPTS_US;
+        m_held_off[exchange.path()] = monotonic_clock_us() + BACK_OFF_US + BETWEEN_QUERIES_US;
         break;
     case ReportOutcome::REPLIED:
     case ReportOutcome::HUNG_UP:
