@@ -13,7 +13,8 @@ void store(StoredSettings& settings, SettingsReader& reader, const std::string& 
     if (!is_stored(key) || value.empty())
         return;
     for (const std::string& text : split(value, "\n")) {
-        const std::string written = key + "=" + text;
+        std::string written = key;
+        written.append("=").append(text);
         std::string_view left = written;
         while (!left.empty())
             if (const SettingsLine line = reader.read(cut_line(left)); line.kind == SettingsLineKind::SETTING)
