@@ -18,7 +18,7 @@ TEST(Coders, TheFirstItemsEntryWinsButTheFlatViewShowsTheLast)
 {
     EmitJson emitter;
     EXPECT_EQ(emitter.number("k", 4.5).number_value(), 4.5);
-    EXPECT_EQ(emitter.integer("k", 4).int_value(), 4);
+    EXPECT_EQ(emitter.integer("k", 4), Json(4));
     EXPECT_THROW(emitter.get("k"), const char*);
     emitter.add(list_of({{"k", "first"}, {"m", "1"}}));
     emitter.add(list_of({{"a", "second's"}, {"k", "second"}}));
