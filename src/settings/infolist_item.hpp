@@ -1,7 +1,6 @@
 // The info list of an item: for each key a value, where it comes from, and how to present it.
 #pragma once
 
-#include <json11.hpp>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,22 +13,10 @@ struct infolist_item {
     std::string_view ui_text;  // JSON text of presentation hints
     std::string_view value;    // several lines are joined with a line feed
 
-    char marker = 0;            // where the entry comes from, see marker_string
-    bool reported = false;      // filled from the current live report
+    char marker = 0;            // where the entry comes from: 0 for a setting, or as a listing shows it
     bool quick_summary = true;  // belongs to the short summary
     bool s_flag = false;        // "!s:" in a listing
     bool nogui_flag = false;    // "!nogui:" in a listing
-
-    // What the marker stands for: 0 "Config", '=' "Process", '*' "Transient", '?' "Not In Config", and
-    // "Unknown" for any other, the letters of reports and manifests.
-    std::string marker_string() const;
-
-    // The object members of the hints. An empty text gives an empty object; so does a broken one, which
-    // is reported on standard error.
-    json11::Json ui() const;
-
-    // The hints' "json_type", or "" when there is none.
-    std::string type() const;
 };
 
 // A map from keys to entries, ordered by the bytes of the keys. Keys and texts must outlive the list and its

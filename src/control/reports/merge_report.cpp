@@ -100,7 +100,6 @@ std::optional<std::vector<OddEntry>> merge_report(InfoList& list, const comm_soc
     list.update(joined(std::move(lines), kept), [](infolist_item& item, const ReportedLine& value, bool) {
         item.value = value.text;
         item.marker = value.letter;
-        item.reported = true;
     });
     return odd;
 }
