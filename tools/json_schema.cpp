@@ -91,40 +91,41 @@ Json taken_parts(const Json& parts)
     return described;
 }
 
-Json json_of(const Row& row)
+Json json_of(Coding coding)
 {
-    Json::object json = parsed(codings::json_schema(row.coding)).object_items();
+    Json::object json = parsed(codings::json_schema(coding)).object_items();
     const bool is_scalar = json.count("properties") + json.count("items") == 0;
     if (json.count("properties") > 0)
         json["properties"] = taken_parts(json["properties"]);
     return is_scalar && json["type"] != Json(Json::array{"boolean", "null"}) ? taken(json) : json;
 }
 
-// The two members of a switch are booleans each.
+// The two members of a setting of three positions are booleans each.
 Coding alone(Coding coding)
 {
-    return coding == Coding::SWITCH || coding == Coding::FORCE ? Coding::BOOLEAN : coding;
+    return coding == Coding::THREE_WAY_ON || coding == Coding::THREE_WAY_FORCED ? Coding::BOOLEAN : coding;
 }
 
 // What a key that isn't set counts as, as a value of the member. Where nothing is told, what a null writes:
 // but a size of nothing is none of zeros.
-std::optional<Json> member_default(const Row& row, Coding written_as)
+std::optional<Json> member_default(const MemberFace& member, Coding written_as)
 {
-    const std::string usual(row.marks.unset.empty() ? row.null_text : row.marks.unset);
+    const Face& face = *member.face;
+    const std::string usual(member.usual());
     if (!usual.empty())
-        return codings::written(written_as, usual, row.null_text);
+        return codings::written(written_as, usual, face.null_text);
     const Json around = Json::object();
     const Json null;
-    const auto text = codings::read(alone(row.coding), {&around, &null}, row.null_text);
-    const bool is_scalar = parsed(codings::json_schema(row.coding))["properties"].is_null();
-    return text && is_scalar ? codings::written(alone(written_as), *text, row.null_text) : std::nullopt;
+    const auto text = codings::read(alone(face.coding), {&around, &null}, face.null_text);
+    const bool is_scalar = parsed(codings::json_schema(face.coding))["properties"].is_null();
+    return text && is_scalar ? codings::written(alone(written_as), *text, face.null_text) : std::nullopt;
 }
 
 // What the parts of a composite that are null or missing read as.
-Json with_part_defaults(const Json& parts, const Row& row)
+Json with_part_defaults(const Json& parts, const Face& face)
 {
     const Json usual =
-        codings::written(row.coding, std::string(row.null_text), row.null_text).value_or(nullptr);
+        codings::written(face.coding, std::string(face.null_text), face.null_text).value_or(nullptr);
     Json::object described = parts.object_items();
     for (auto& [name, part] : described) {
         if (usual[name].is_null())
@@ -137,38 +138,39 @@ Json with_part_defaults(const Json& parts, const Row& row)
 }
 
 // The flat key is what people call a member. What has none is called by its name in the document.
-std::string title_of(const Row& row)
+std::string title_of(const Face& face)
 {
-    const std::size_t begin = row.key.find_first_not_of(' ');
+    const std::size_t begin = face.key.find_first_not_of(' ');
     if (begin == std::string_view::npos)
-        return std::string(row.path.substr(row.path.rfind('.') + 1));
-    return std::string(row.key.substr(begin, row.key.find('=') - begin));
+        return std::string(face.path.substr(face.path.rfind('.') + 1));
+    return std::string(face.key.substr(begin, face.key.find('=') - begin));
 }
 
-void add_row(Member& member, const Row& row)
+void add_face(Member& member, const MemberFace& of)
 {
+    const Row& row = *of.row;
     Json::object& schema = member.schema;
-    const Json type = json_of(row);
+    const Json type = json_of(of.face->coding);
     for (const auto& [name, value] : type.object_items()) {
         if (name == "type" && schema.count(name) > 0 && value.is_array())
             schema[name] = joined_types(schema[name].array_items(), value.array_items());
         else
-            schema[name] = name == "properties" ? with_part_defaults(value, row) : value;
+            schema[name] = name == "properties" ? with_part_defaults(value, *of.face) : value;
     }
-    schema["title"] = title_of(row);
+    schema["title"] = title_of(*of.face);
     if (!row.description.empty())
         schema["description"] = std::string(row.description);
     if (row.marks.status)
         schema["readOnly"] = true;
     if (!row.marks.words.empty())
         schema = with_words(schema, Json(split(std::string(row.marks.words), "|")).array_items());
-    if (row.marks.direction != Direction::READ) {
+    if (of.is_written()) {
         member.is_written = true;
-        member.written_as = row.coding;
+        member.written_as = of.face->coding;
     }
-    if (row.marks.direction != Direction::WRITTEN) {
+    if (of.is_read()) {
         member.is_read = true;
-        const auto json = member_default(row, member.is_written ? member.written_as : row.coding);
+        const auto json = member_default(of, member.is_written ? member.written_as : of.face->coding);
         if (json && !row.marks.status)
             schema["default"] = *json;
     }
@@ -219,21 +221,28 @@ Json schema_of(const Member& member)
     return member.members.begin()->first == "0" ? list_schema(member) : object_schema(member);
 }
 
+void add_group(Member& group, const Row& row);
+
 void add_rows(Member& around, std::span<const Row> rows)
 {
     for (const Row& row : rows) {
-        Member& member = row.path.empty() ? around : member_at(around, row.path);
-        if (row.group.empty()) {
-            add_row(member, row);
-        } else if (row.repeat.count == 0) {
-            add_rows(member, row.group);
-        } else {
-            Member element;
-            add_rows(element, row.group);
-            member.schema = repeated_schema(element, row.repeat.count).object_items();
-            member.is_written = member.is_read = true;
-        }
+        if (!row.group.empty())
+            add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row);
+        else
+            for_each_face(row, [&](const Face& face, Direction direction) {
+                add_face(member_at(around, face.path), {&row, &face, direction});
+            });
     }
+}
+
+void add_group(Member& group, const Row& row)
+{
+    if (row.repeat.count == 0)
+        return add_rows(group, row.group);
+    Member element;
+    add_rows(element, row.group);
+    group.schema = repeated_schema(element, row.repeat.count).object_items();
+    group.is_written = group.is_read = true;
 }
 
 bool fits_a_line(const Json& json)
@@ -264,8 +273,9 @@ void name_driver(Member& document, const Schema& schema)
     if (driver == document.members.end())
         return;
     const bool is_kept = schema.kind != ItemKind::INPUT &&
-                         std::any_of(schema.rows.begin(), schema.rows.end(),
-                             [](const Row& row) { return row.path == "driver" && !row.key.empty(); });
+                         std::any_of(schema.rows.begin(), schema.rows.end(), [](const Row& row) {
+                             return row.read.path == "driver" && !row.read.key.empty();
+                         });
     const std::string word(schema.driver);
     Json::object& member = driver->second.schema;
     member["type"] = is_kept ? Json("string") : Json(Json::array{"string", "null"});

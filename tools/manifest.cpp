@@ -24,12 +24,13 @@ void mark_as_status(zelm_config_entry& entry)
     entry.default_value.clear();
 }
 
-zelm_config_entry entry_of(const Row& row)
+zelm_config_entry entry_of(const MemberFace& member)
 {
+    const Row& row = *member.row;
     zelm_config_entry entry;
     entry.description = row.description;
-    entry.ui = R"({"json_type": ")" + json_type(row.coding) + "\"}";
-    entry.default_value = row.marks.unset.empty() ? row.null_text : row.marks.unset;
+    entry.ui = R"({"json_type": ")" + json_type(member.face->coding) + "\"}";
+    entry.default_value = member.usual();
     entry.nogui_flag = row.marks.nogui;
     if (row.marks.status)
         mark_as_status(entry);
@@ -37,20 +38,21 @@ zelm_config_entry entry_of(const Row& row)
 }
 
 // Of a key that several members have, the first that can be set tells, and all of it is a status if one is.
-void add_row(Entries& entries, const std::string& key, const Row& row)
+void add_member(Entries& entries, const std::string& key, const MemberFace& member)
 {
+    const Row& row = *member.row;
     if (key.empty() || row.description.empty())
         return;
-    const auto [at, is_new] = entries.try_emplace(key, entry_of(row));
+    const auto [at, is_new] = entries.try_emplace(key, entry_of(member));
     if (!is_new && row.marks.status)
         mark_as_status(at->second);
 }
 
 void add_rows(Entries& entries, const Schema& schema, bool written_alone)
 {
-    for_each_member(schema.rows, [&](const std::string&, const std::string& key, const Row& row) {
-        if ((row.marks.direction == Direction::WRITTEN) == written_alone)
-            add_row(entries, key, row);
+    for_each_member(schema.rows, [&](const std::string&, const std::string& key, const MemberFace& member) {
+        if (member.is_read() != written_alone)
+            add_member(entries, key, member);
     });
 }
 

@@ -150,7 +150,7 @@ private:
                     say_unknown(joined(path, name), name);
         try {
             m_members.push_back({path, &shape, json,
-                codings::read(shape.row->coding, {&around, &json}, shape.row->null_text)});
+                codings::read(shape.member.face->coding, {&around, &json}, shape.member.face->null_text)});
         } catch (...) {
             say(path, "no object, and would end the run abnormally");
             return std::nullopt;
@@ -160,7 +160,7 @@ private:
 
     void look_at_effect(const Member& member, const DocumentEffect& effect)
     {
-        const Row& row = *member.shape->row;
+        const Face& face = *member.shape->member.face;
         const std::string& key = member.shape->key;
         const std::string stored = effect.value(key);
         m_keys.insert(key);
@@ -172,12 +172,12 @@ private:
             look_at_unset(member);
         else if (key == "driver" && stored != m_driver)
             look_at_driver(member, stored);
-        else if (row.marks.status && !stored.empty())
+        else if (member.shape->member.row->marks.status && !stored.empty())
             say(member.path, "is status, and would be stored as " + quoted(stored) + " under " + quoted(key));
         else if (member.value.is_null() &&
-                 ((member.text && *member.text != stored) || !is_default(stored, row)))
+                 ((member.text && *member.text != stored) || !is_default(stored, member.shape->member)))
             say(member.path, "null would be stored as " + quoted(stored));
-        else if (const std::string change = change_of(member.value, row, stored); !change.empty())
+        else if (const std::string change = change_of(member.value, face, stored); !change.empty())
             say(member.path, shown(member.value) + " " + change);
         else if (counts_as_off(key, stored))
             say(member.path, shown(member.value) + " is no number, and counts as 0");
@@ -191,8 +191,8 @@ private:
 
     void look_at_keyless(const Member& member)
     {
-        const Row& row = *member.shape->row;
-        const auto usual = codings::written(row.coding, {}, row.null_text);
+        const Face& face = *member.shape->member.face;
+        const auto usual = codings::written(face.coding, {}, face.null_text);
         if (!holds_nothing(member.value) && member.value != usual.value_or(nullptr))
             say(member.path, shown(member.value) + " would be ignored: no document sets this");
     }

@@ -149,19 +149,19 @@ private:
             m_line = setting.line;
             if (counts_as_off(key, setting.value))
                 say(quoted(setting.value) + " is no number, and counts as 0");
-            if (const auto rows = known.find(key);
-                rows != known.end() && ends_listing(rows->second, setting.value))
+            if (const auto members = known.find(key);
+                members != known.end() && ends_listing(members->second, setting.value))
                 say("a listing as JSON ends abnormally on the " + quoted(key) + " of " +
                     quoted(setting.value));
         }
     }
 
-    static bool ends_listing(const std::vector<const Row*>& rows, const std::string& value)
+    static bool ends_listing(const std::vector<MemberFace>& members, const std::string& value)
     {
         try {
-            for (const Row* row : rows)
-                if (row->marks.direction != Direction::READ)
-                    codings::written(row->coding, value, row->null_text);
+            for (const MemberFace& member : members)
+                if (member.is_written())
+                    codings::written(member.face->coding, value, member.face->null_text);
         } catch (...) {
             return true;
         }

@@ -44,16 +44,17 @@ std::string joined(const std::string& path, const std::string& name)
 Shape shape_of(const Schema& schema)
 {
     Shape top;
-    for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const Row& row) {
-        Shape* at = &top;
-        for (const std::string& name : split(path, "."))
-            at = &at->members[name];
-        if (at->is_read())
-            return;
-        at->row = &row;
-        at->key = key;
-        at->parts = parts_of(row.coding);
-    });
+    for_each_member(
+        schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& member) {
+            Shape* at = &top;
+            for (const std::string& name : split(path, "."))
+                at = &at->members[name];
+            if (at->is_read())
+                return;
+            at->member = member;
+            at->key = key;
+            at->parts = parts_of(member.face->coding);
+        });
     return top;
 }
 

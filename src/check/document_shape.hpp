@@ -12,14 +12,13 @@
 struct Shape {
     std::map<std::string, Shape, std::less<>> members;  // of an object; those of an array by their places
 
-    // Of a member that is no group: the row by which it is read, or else written.
-    const Row* row = nullptr;
+    MemberFace member = {};  // of one that is no group: by which it is read, or else written
     std::string key;
     std::vector<std::string> parts;  // members of a composite
 
     bool is_group() const { return !members.empty(); }
     bool is_array() const { return is_group() && members.begin()->first == "0"; }
-    bool is_read() const { return row && row->marks.direction != Direction::WRITTEN; }
+    bool is_read() const { return member.row && member.is_read(); }
 };
 
 Shape shape_of(const Schema& schema);

@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <set>
 
+#include "schema/driver_words.hpp"
+
 namespace {
 
 // What the tools themselves read of items of every kind.
@@ -11,9 +13,6 @@ constexpr const char* KEYS_OF_ALL[] = {"driver", "autostart", "autorestart"};
 
 // Those of them that count by being above 0.
 constexpr const char* SWITCHES_OF_ALL[] = {"autostart", "autorestart"};
-
-// The outputs' drivers that have no table.
-constexpr const char* OUTPUTS_WITHOUT_DOCUMENT[] = {"newtek_ndi"};
 
 // Regions of a channel that have no place in its document.
 constexpr const char* ALTERNATIVES[] = {"!alt1", "!alt2"};
@@ -26,9 +25,9 @@ std::string in_file(const std::string& key)
 
 void add_rows(KnownSettings& known, std::span<const Row> rows, const std::string& key_prefix = {})
 {
-    const auto add = [&](const std::string&, const std::string& key, const Row& row) {
+    const auto add = [&](const std::string&, const std::string& key, const MemberFace& member) {
         if (!key.empty())
-            known[in_file(key)].push_back(&row);
+            known[in_file(key)].push_back(member);
     };
     for_each_member(rows, add, {}, key_prefix);
 }
@@ -54,10 +53,7 @@ std::vector<KnownName> driver_words()
 // Any word may be the driver of a router.
 bool has_no_document(std::string_view driver, ItemKind kind)
 {
-    return kind == ItemKind::ROUTER ||
-           (kind == ItemKind::OUTPUT &&
-               std::find(std::begin(OUTPUTS_WITHOUT_DOCUMENT), std::end(OUTPUTS_WITHOUT_DOCUMENT), driver) !=
-                   std::end(OUTPUTS_WITHOUT_DOCUMENT));
+    return kind == ItemKind::ROUTER || is_driver_word(driver, kind);
 }
 
 KnownSettings known_settings(const Schema& schema)
@@ -86,10 +82,10 @@ bool counts_as_off(std::string_view key, const std::string& text)
 std::vector<KnownName> names_of_keys(const Schema& schema, const KnownSettings& known)
 {
     std::vector<KnownName> names;
-    for (const auto& [key, rows] : known)
+    for (const auto& [key, members] : known)
         names.push_back({key, {}});
     std::map<std::string, std::set<std::string>> keys_of;
-    for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const Row&) {
+    for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const MemberFace&) {
         if (key.empty())
             return;
         keys_of[path].insert(in_file(key));

@@ -16,8 +16,8 @@ const Schema* find_schema(std::string_view driver);
 std::vector<KnownName> driver_words();
 bool has_no_document(std::string_view driver, ItemKind kind);
 
-// The keys of a settings file, and for each the rows that it is of. Keys that every item has are of none.
-using KnownSettings = std::map<std::string, std::vector<const Row*>, std::less<>>;
+// The keys of a settings file, and for each the members that it is of. Keys that every item has are of none.
+using KnownSettings = std::map<std::string, std::vector<MemberFace>, std::less<>>;
 KnownSettings known_settings(const Schema& schema);
 
 // Whether the text of a key that the tools read as a number is none.

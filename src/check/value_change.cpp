@@ -49,13 +49,13 @@ std::string plain(const Json& json)
     return {text, end};
 }
 
-std::string change_of(const Json& json, const Row& row, const std::string& stored)
+std::string change_of(const Json& json, const Face& face, const std::string& stored)
 {
     if (json.is_null() || (stored.empty() && json == Json("")))
         return {};
     std::string as_stored = "would be stored as " + (stored.empty() ? "nothing" : quoted(stored));
     try {
-        const Json read_back = codings::written(row.coding, stored, row.null_text).value_or(nullptr);
+        const Json read_back = codings::written(face.coding, stored, face.null_text).value_or(nullptr);
         if (stands(json, read_back, stored))
             return {};
         if (json.is_string() && plain(json) == stored)
@@ -69,13 +69,14 @@ std::string change_of(const Json& json, const Row& row, const std::string& store
 }
 
 // A composite of nothing is told from one of zeros by its text alone.
-bool is_default(const std::string& stored, const Row& row)
+bool is_default(const std::string& stored, const MemberFace& member)
 {
-    const std::string usual(row.marks.unset.empty() ? row.null_text : row.marks.unset);
+    const Face& face = *member.face;
+    const std::string usual(member.usual());
     if (stored.empty() || stored == usual)
         return true;
-    const Json read_back = codings::written(row.coding, stored, row.null_text).value_or(nullptr);
+    const Json read_back = codings::written(face.coding, stored, face.null_text).value_or(nullptr);
     if (usual.empty() && (read_back.is_object() || read_back.is_array()))
         return false;
-    return read_back == codings::written(row.coding, usual, row.null_text).value_or(nullptr);
+    return read_back == codings::written(face.coding, usual, face.null_text).value_or(nullptr);
 }

@@ -4,14 +4,14 @@
 #include <json11.hpp>
 #include <string>
 
-#include "schema/row.hpp"
+#include "schema/schemas.hpp"
 
 // A value as people write it: a text without quotes, a number without an exponent, else its JSON.
 std::string plain(const json11::Json& json);
 
 // What becomes of a member's value, in words that follow it; empty if it is stored as it stands. `stored` is
 // the flat text, empty if none is stored.
-std::string change_of(const json11::Json& json, const Row& row, const std::string& stored);
+std::string change_of(const json11::Json& json, const Face& face, const std::string& stored);
 
 // Whether a text that a null stores is what the key counts as when it isn't set. Nothing stored is.
-bool is_default(const std::string& stored, const Row& row);
+bool is_default(const std::string& stored, const MemberFace& member);

@@ -1,5 +1,17 @@
-// How a flat text and a member of a document are each other, by name. The three faces of each stand in
-// codings.hpp: text to JSON, JSON to text, and which JSON it is.
+// How a flat text and a member of a document are each other, by name. The faces of each stand in codings.hpp:
+// text to JSON, JSON to text, and which JSON it is.
+//
+// What a row's null text is depends on its coding:
+//
+//     constants                      the constant
+//     TIMED_VALUE, RATIO, FRAME_RATE what the parts are that are null, and of a rate also those that are
+//     missing ALIGNMENT                      what the parts are that are missing, in both directions, or null
+//     MAP_MODE, LAYER                the mode or kind that a null one is
+//     KEPT_NUMBER, SIZE, POSITION,   nothing, so it is empty
+//     METER and the paths
+//     all others                     what a null writes. The empty one writes "0" of numbers and booleans,
+//     unless
+//                                    they are nullable: those it empties, as it does texts
 #pragma once
 
 #include <cstdint>
@@ -16,8 +28,8 @@ enum class Coding : std::uint8_t {
     NUMBER,             // 0 for a text that is none
     NULLABLE_NUMBER,    // the same, null for the empty text
     OPTIONAL_NUMBER,    // the same, no member for the empty text
-    LIMIT,              // null for the empty text, but a null keeps what is stored
-    CONSTANT,           // the null text, whatever is stored or given
+    KEPT_NUMBER,        // null for the empty text, but a null keeps what is stored
+    CONSTANT,           // the same text, whatever is stored or given
     NULLABLE_CONSTANT,  // the same, but a null empties the key
     PATH,               // an array of the parts between "/"
     ABSOLUTE_PATH,      // the same without the part in front of the first "/"; null for the empty text
@@ -30,8 +42,9 @@ enum class Coding : std::uint8_t {
     POSITION,           // x and y, such as "10 -20"
     ALIGNMENT,          // vertical and horizontal, such as "top left"; read wherever its object stands
     MAP_MODE,           // "linear", or "decibelm" and an intensity
-    METER,              // an array of levels, such as "-18.5, -inf"
+    METER,              // an array of levels, such as "-18.5, -inf"; never read
     LAYER,              // which region is in front: its kind, and a part or an index for some kinds
-    SWITCH,             // "0", "-1" and else: off, on, forced. Whether it is on; read where FORCE stands too
-    FORCE,              // whether it is forced; SWITCH beside it reads both
+    THREE_WAY_ON,       // "0", "-1" and else: off, on, forced. Whether it is on; reads "force" beside it too,
+                        // and nothing where that is missing
+    THREE_WAY_FORCED,   // whether it is forced; THREE_WAY_ON reads it
 };

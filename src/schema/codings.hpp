@@ -1,20 +1,18 @@
-// The three faces of every coding, one coding a struct:
+// What every coding says, one coding a struct:
 //
 //     written(text, null_text)   the flat text as JSON, with std::nullopt where the object lacks the member
 //     read(json, null_text)      the JSON as flat text, with std::nullopt where nothing is written
 //     JSON                       which JSON it is, as a JSON Schema
 //
-// A face that a program does not use is not part of it.
+// What a program does not use of this is not part of it.
 #pragma once
 
-#include <boost/algorithm/string/predicate.hpp>
 #include <boost/algorithm/string/trim.hpp>
 #include <optional>
 
 #include "schema/coding.hpp"
 #include "schema/composite_text.hpp"
-#include "schema/consume_json.hpp"
-#include "schema/emit_json.hpp"
+#include "schema/json_path.hpp"
 #include "schema/json_text.hpp"
 #include "schema/word_pairs.hpp"
 
@@ -51,16 +49,11 @@ struct Text {
     static constexpr char JSON[] = R"({"type": ["string", "null"]})";
 };
 
-struct NullableText {
+struct NullableText : Text {
     static Json written(std::string text, std::string_view null_text)
     {
         return text.empty() || text == null_text ? Json() : Json(std::move(text));
     }
-    static MaybeText read(const Json& json, std::string_view null_text)
-    {
-        return string_text(json, null_text);
-    }
-    static constexpr const char* JSON = Text::JSON;
 };
 
 struct DashedText : Text {
@@ -80,7 +73,7 @@ struct Boolean {
 };
 
 struct Integer {
-    static Json written(const std::string& text, std::string_view) { return EmitJson::read_integer(text); }
+    static Json written(const std::string& text, std::string_view) { return integer_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         return integer_text(json, null_text);
@@ -89,7 +82,7 @@ struct Integer {
 };
 
 struct Number {
-    static Json written(const std::string& text, std::string_view) { return EmitJson::read_number(text); }
+    static Json written(const std::string& text, std::string_view) { return number_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         return number_text(json, null_text);
@@ -113,7 +106,7 @@ template <typename Of> struct Nullable : Of {
 struct Count : Nullable<Integer> {
     static Json written(const std::string& text, std::string_view)
     {
-        const int count = EmitJson::read_integer(text);
+        const int count = integer_in(text);
         return count < 1 ? Json() : Json(count);
     }
 };
@@ -125,7 +118,7 @@ struct OptionalNumber : Number {
     }
 };
 
-struct Limit : Nullable<Number> {
+struct KeptNumber : Nullable<Number> {
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         return json.is_null() ? MaybeText() : Number::read(json, null_text);
@@ -167,7 +160,7 @@ struct AbsolutePath : Path {
 struct Device : Text {
     static Json written(const std::string& text, std::string_view)
     {
-        const std::optional<int> index = EmitJson::parse_integer(text);
+        const std::optional<int> index = parse_integer(text);
         return index ? Json(*index) : Json(text);
     }
     static constexpr char JSON[] = R"({"type": ["string", "integer", "null"]})";
@@ -178,17 +171,17 @@ struct TimedValue {
     {
         if (text.empty())
             return Json::object{};
-        const auto [count, unit] = EmitJson::timed_value(text);
+        const auto [count, unit] = timed_value(text);
         return Json::object{
-            {"count", EmitJson::read_number(count)},
+            {"count", number_in(count)},
             {"units", reverse_map_string(unit, {{"seconds", "s"}, {"frames", "f"}})},
         };
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
-        const auto [count, unit] = EmitJson::timed_value(std::string(null_text));
-        return JsonConsumer::timed_value(string_text(part(json, "count"), count),
-            map_string(string_text(part(json, "units"), unit), {{"seconds", "s"}, {"frames", "f"}}));
+        const auto [count, unit] = timed_value(std::string(null_text));
+        return string_text(part(json, "count"), count) +
+               map_string(string_text(part(json, "units"), unit), {{"seconds", "s"}, {"frames", "f"}});
     }
     static constexpr char JSON[] =
         R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
@@ -210,17 +203,15 @@ struct Ratio {
     {
         if (text.empty())
             return Json::object{};
-        const auto [width, height] = EmitJson::ratio_value(text);
-        return Json::object{
-            {"width", EmitJson::read_integer(width)}, {"height", EmitJson::read_integer(height)}};
+        const auto [width, height] = ratio_value(text);
+        return Json::object{{"width", integer_in(width)}, {"height", integer_in(height)}};
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         if (!has_parts(json, "width", "height"))
             return std::nullopt;
-        const auto [width, height] = EmitJson::ratio_value(std::string(null_text));
-        return JsonConsumer::ratio_value(
-            integer_text(part(json, "width"), width), integer_text(part(json, "height"), height));
+        const auto [width, height] = ratio_value(std::string(null_text));
+        return integer_text(part(json, "width"), width) + ":" + integer_text(part(json, "height"), height);
     }
     static constexpr char JSON[] =
         R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
@@ -233,16 +224,16 @@ struct FrameRate {
     {
         if (text.empty())
             return nullptr;
-        const auto [numerator, denominator, kind] = EmitJson::frame_value(text);
+        const auto [numerator, denominator, kind] = frame_value(text);
         return Json::object{
-            {"numerator", EmitJson::read_integer(numerator)},
-            {"denominator", EmitJson::read_integer(denominator)},
+            {"numerator", integer_in(numerator)},
+            {"denominator", integer_in(denominator)},
             {"kind", kind},
         };
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
-        const auto [numerator, denominator, kind] = EmitJson::frame_value(std::string(null_text));
+        const auto [numerator, denominator, kind] = frame_value(std::string(null_text));
         const std::string suffix = map_string(string_text(part(json, "kind"), kind),
             {{"progressive", "p"}, {"interlaced bottom-field-first", "li bff"},
                 {"interlaced top-field-first", "li tff"}});
@@ -267,13 +258,12 @@ inline std::vector<std::string> two_words(const std::string& text)
 inline Json written_pair(const std::string& text, const char* first, const char* second)
 {
     const std::vector<std::string> words = two_words(text);
-    return Json::object{{first, EmitJson::read_number(words[0])}, {second, EmitJson::read_number(words[1])}};
+    return Json::object{{first, number_in(words[0])}, {second, number_in(words[1])}};
 }
 
 inline std::string read_pair(const Json& json, const char* first, const char* second)
 {
-    return JsonConsumer::position_value(
-        JsonConsumer::number(json[first]), JsonConsumer::number(json[second]));
+    return number_text(json[first]) + " " + number_text(json[second]);
 }
 
 struct Size {
@@ -325,10 +315,9 @@ struct MapMode {
     static Json written(const std::string& text, std::string_view)
     {
         const std::string decibel = "decibelm";
-        if (!boost::algorithm::starts_with(text, decibel))
+        if (!text.starts_with(decibel))
             return Json::object{{"mode", "linear"}};
-        return Json::object{
-            {"mode", "decibel"}, {"intensity", EmitJson::read_integer(text.substr(decibel.size()))}};
+        return Json::object{{"mode", "decibel"}, {"intensity", integer_in(text.substr(decibel.size()))}};
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -396,7 +385,7 @@ struct Layer {
 
 // The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also
 // nothing, converts even what has captions of its own. Forced but not on is off.
-struct Switch {
+struct ThreeWayOn {
     static Json written(const std::string& text, std::string_view) { return text != "0"; }
     static MaybeText read(const Place& at, std::string_view null_text)
     {
@@ -410,7 +399,7 @@ struct Switch {
     static constexpr const char* JSON = Boolean::JSON;
 };
 
-struct Force {
+struct ThreeWayForced {
     static Json written(const std::string& text, std::string_view) { return text != "0" && text != "-1"; }
     static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
     static constexpr const char* JSON = Boolean::JSON;
@@ -431,7 +420,7 @@ template <typename Function> auto with(Coding coding, Function function)
     case Coding::NUMBER: return function(Number());
     case Coding::NULLABLE_NUMBER: return function(Nullable<Number>());
     case Coding::OPTIONAL_NUMBER: return function(OptionalNumber());
-    case Coding::LIMIT: return function(Limit());
+    case Coding::KEPT_NUMBER: return function(KeptNumber());
     case Coding::CONSTANT: return function(Constant());
     case Coding::NULLABLE_CONSTANT: return function(NullableConstant());
     case Coding::PATH: return function(Path());
@@ -447,8 +436,8 @@ template <typename Function> auto with(Coding coding, Function function)
     case Coding::MAP_MODE: return function(MapMode());
     case Coding::METER: return function(Meter());
     case Coding::LAYER: return function(Layer());
-    case Coding::SWITCH: return function(Switch());
-    case Coding::FORCE: return function(Force());
+    case Coding::THREE_WAY_ON: return function(ThreeWayOn());
+    case Coding::THREE_WAY_FORCED: return function(ThreeWayForced());
     }
     return function(Text());
 }

@@ -4,6 +4,18 @@
 #include <boost/algorithm/string/join.hpp>
 #include <boost/algorithm/string/split.hpp>
 
+namespace {
+
+bool cut_suffix(std::string& text, std::string_view suffix)
+{
+    const bool has = text.ends_with(suffix);
+    if (has)
+        text.erase(text.size() - suffix.size());
+    return has;
+}
+
+}  // namespace
+
 std::vector<std::string> split(const std::string& text, const char* separators)
 {
     std::vector<std::string> parts;
@@ -14,4 +26,32 @@ std::vector<std::string> split(const std::string& text, const char* separators)
 std::string join(const std::vector<std::string>& parts, const std::string& separator)
 {
     return boost::algorithm::join(parts, separator);
+}
+
+std::pair<std::string, std::string> timed_value(const std::string& text)
+{
+    return {text.substr(0, text.size() - 1), text.substr(text.size() - 1)};
+}
+
+std::pair<std::string, std::string> ratio_value(const std::string& text)
+{
+    std::vector<std::string> parts = split(text, ":/");
+    if (parts.size() != 2)
+        throw "Bad ratio format";
+    return {std::move(parts[0]), std::move(parts[1])};
+}
+
+std::tuple<std::string, std::string, std::string> frame_value(const std::string& text)
+{
+    std::vector<std::string> parts = split(text, ":/");
+    parts.resize(2);
+    // A rate without a suffix is interlaced, and the letter in front of "i bff" and "i tff" is an l.
+    std::string kind = "interlaced bottom-field-first";
+    if (cut_suffix(parts[1], "p"))
+        kind = "progressive";
+    if (cut_suffix(parts[1], "li bff"))
+        kind = "interlaced bottom-field-first";
+    if (cut_suffix(parts[1], "li tff"))
+        kind = "interlaced top-field-first";
+    return {std::move(parts[0]), std::move(parts[1]), std::move(kind)};
 }

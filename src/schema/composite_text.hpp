@@ -1,12 +1,24 @@
-// Splitting of the texts that hold several parts. What stands between two separators is a part, also
-// when it is empty, so the empty text has one empty part.
+// Texts that hold several parts.
 #pragma once
 
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
-// The parts between any of the characters of `separators`.
+// The parts between any of the characters of `separators`. What stands between two of them is a part, also
+// when it is empty, so the empty text has one empty part.
 std::vector<std::string> split(const std::string& text, const char* separators);
 
 // The parts joined with the separator, none before the first.
 std::string join(const std::vector<std::string>& parts, const std::string& separator);
+
+// The count of a text such as "90s", and its unit, which is its last character. The text is not empty.
+std::pair<std::string, std::string> timed_value(const std::string& text);
+
+// The two sides of "16:9" and of "16/9". Throws a C string where there are not two.
+std::pair<std::string, std::string> ratio_value(const std::string& text);
+
+// Numerator, denominator and kind of a frame rate such as "25:1p". Without a separator the denominator is
+// empty.
+std::tuple<std::string, std::string, std::string> frame_value(const std::string& text);

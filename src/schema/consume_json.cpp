@@ -16,36 +16,12 @@ void JsonConsumer::create_item(std::string key, std::string value)
     m_items.emplace_back(std::move(key), std::move(value));
 }
 
-void JsonConsumer::create_item(const std::string& key, const Params& params)
-{
-    if (params.hasKey())
-        create_item(key, params.declaredValue());
-}
-
-std::pair<std::string, std::string> JsonConsumer::parse_item(const std::string& key, const Params& params)
-{
-    if (!params.hasKey())
-        return {};
-    return {key, params.declaredValue()};
-}
-
 namespace {
-
-// Down a path, name by name.
-const Json* walk(const Json* at, std::string_view path)
-{
-    while (!path.empty()) {
-        const std::size_t dot = path.find('.');
-        at = member_of(at, path.substr(0, dot));
-        path.remove_prefix(dot == std::string_view::npos ? path.size() : dot + 1);
-    }
-    return at;
-}
 
 codings::Place place_of(const Json* at, std::string_view path)
 {
     const std::size_t dot = path.rfind('.');
-    const Json* const object = dot == std::string_view::npos ? at : walk(at, path.substr(0, dot));
+    const Json* const object = dot == std::string_view::npos ? at : member_at(at, path.substr(0, dot));
     return {object, member_of(object, path.substr(dot + 1))};
 }
 
@@ -84,7 +60,7 @@ void JsonConsumer::read_group(const Table& table, std::size_t group, const Scope
     const PackedRow& row = table.rows[group];
     const Table members = table.members_of(group);
     const std::string_view path = table.text(row.path);
-    const Json* const object = walk(scope.object, path);
+    const Json* const object = member_at(scope.object, path);
     const std::string key_prefix = scope.key_prefix + table.text(row.key);
     if (row.repeat.count == 0)
         read(members, {object, scope.array, key_prefix});
@@ -100,35 +76,4 @@ void JsonConsumer::read_member(const Table& table, const PackedRow& row, const S
         create_item(scope.key_prefix + table.text(row.key), std::move(*text));
     else if (row.nameless_if_absent)
         create_item("", "");
-}
-
-std::string JsonConsumer::timed_value(const std::string& count, const std::string& unit)
-{
-    return count + unit;
-}
-
-std::string JsonConsumer::ratio_value(const std::string& width, const std::string& height)
-{
-    return width + ":" + height;
-}
-
-std::string JsonConsumer::position_value(const std::string& x, const std::string& y)
-{
-    return x + " " + y;
-}
-
-std::string JsonConsumer::frame_value(const std::string& numerator, const std::string& denominator,
-    const std::string& kind, const std::string& order)
-{
-    return numerator + ":" + denominator + kind + " " + order;
-}
-
-std::string JsonConsumer::array_value(const std::vector<std::string>& parts, const std::string& separator)
-{
-    return join(parts, separator);
-}
-
-std::string JsonConsumer::number(const Json& json)
-{
-    return json.is_string() ? json.string_value() : number_text(json.number_value());
 }

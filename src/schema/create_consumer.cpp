@@ -1,26 +1,27 @@
 #include "schema/create_consumer.hpp"
 
-#include "schema/consume/consume_alsa.hpp"
-#include "schema/consume/consume_blackmagic_decklink_sdi.hpp"
-#include "schema/consume/consume_blackmagic_videohub.hpp"
-#include "schema/consume/consume_channel.hpp"
-#include "schema/consume/consume_drmkms.hpp"
-#include "schema/consume/consume_fbdev.hpp"
-#include "schema/consume/consume_internet_mpeg.hpp"
-#include "schema/consume/consume_knox_rs16x16hb.hpp"
-#include "schema/consume/consume_knox_rs8x8hb.hpp"
-#include "schema/consume/consume_knox_rsii.hpp"
-#include "schema/consume/consume_oss.hpp"
-#include "schema/consume/consume_pulse_audio.hpp"
-#include "schema/consume/consume_schedule_push.hpp"
-#include "schema/consume/consume_shout_cast.hpp"
-#include "schema/consume/consume_sierra_video_aspen_hdsdi.hpp"
-#include "schema/consume/consume_trigger_rs232.hpp"
-#include "schema/consume/consume_video_passthru.hpp"
-#include "schema/consume/consume_video_passthru_v2.hpp"
-#include "schema/consume/consume_x11.hpp"
+#include "schema/tables.hpp"
 
 namespace {
+
+template <const auto& ROWS> class Consume : public JsonConsumer {
+public:
+    using JsonConsumer::JsonConsumer;
+    void createItems() override { create_items(PACKED<ROWS>); }
+};
+
+// A section of a channel that is no object is no section.
+template <> void Consume<fields::CHANNEL>::createItems()
+{
+    Document sections = document();
+    std::erase_if(
+        sections, [](const auto& member) { return member.first != "name" && !member.second.is_object(); });
+    if (!document().empty())
+        create_items(PACKED<fields::CHANNEL>, sections);
+}
+
+#define DRIVER(word, kind, table, Emitter, Consumer) using Consumer = Consume<fields::table>;
+#include "schema/drivers.def"
 
 template <typename Consumer> std::shared_ptr<JsonConsumer> make(const std::string& text)
 {
@@ -28,27 +29,11 @@ template <typename Consumer> std::shared_ptr<JsonConsumer> make(const std::strin
 }
 
 constexpr struct {
-    const char* driver;
+    std::string_view driver;
     std::shared_ptr<JsonConsumer> (*make)(const std::string& text);
 } CONSUMERS[] = {
-    {"alsa", make<ConsumeAlsa>},
-    {"blackmagic_decklink_sdi", make<ConsumeBlackmagicDecklinkSdi>},
-    {"blackmagic_videohub", make<ConsumeBlackmagicVideohub>},
-    {"drmkms", make<ConsumeDrmkms>},
-    {"fbdev", make<ConsumeFbdev>},
-    {"internet_mpeg", make<ConsumeInternetMpeg>},
-    {"knox_rs16x16hb", make<ConsumeKnoxRs16x16hb>},
-    {"knox_rs8x8hb", make<ConsumeKnoxRs8x8hb>},
-    {"knox_rsii", make<ConsumeKnoxRsii>},
-    {"oss", make<ConsumeOss>},
-    {"pulseaudio", make<ConsumePulseAudio>},
-    {"schedule_push", make<ConsumeSchedulePush>},
-    {"shoutcast", make<ConsumeShoutCast>},
-    {"sierra_video_aspen_hdsdi", make<ConsumeSierraVideoAspenHdsdi>},
-    {"trigger_rs232", make<ConsumeTriggerRs232>},
-    {"video_passthru", make<ConsumeVideoPassthru>},
-    {"video_passthru_v2", make<ConsumeVideoPassthruV2>},
-    {"x11", make<ConsumeX11>},
+#define DRIVER(word, kind, table, Emitter, Consumer) {#word, make<Consumer>},
+#include "schema/drivers.def"
 };
 
 }  // namespace

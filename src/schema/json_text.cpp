@@ -1,6 +1,9 @@
 #include "schema/json_text.hpp"
 
 #include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
 #include <limits>
 #include <vector>
 
@@ -20,6 +23,16 @@ int cut_to_integer(double number)
 std::string text_or_zero(std::string_view default_text)
 {
     return std::string(default_text.empty() ? "0" : default_text);
+}
+
+// Up to six decimals, without trailing zeros.
+std::string plain_number(double number)
+{
+    std::string text = std::to_string(number);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (!text.empty() && text.back() == '.')
+        text.pop_back();
+    return text;
 }
 
 }  // namespace
@@ -53,7 +66,7 @@ std::string number_text(const Json& json, std::string_view default_text)
         return text_or_zero(default_text);
     if (json.is_string())
         return json.string_value();
-    return json.is_number() ? number_text(json.number_value()) : "0";
+    return json.is_number() ? plain_number(json.number_value()) : "0";
 }
 
 std::string array_text(const Json& json, const std::string& separator)
@@ -64,11 +77,26 @@ std::string array_text(const Json& json, const std::string& separator)
     return join(parts, separator);
 }
 
-std::string number_text(double number)
+double number_in(const std::string& text)
 {
-    std::string text = std::to_string(number);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (!text.empty() && text.back() == '.')
-        text.pop_back();
-    return text;
+    char* end = nullptr;
+    errno = 0;
+    const double number = std::strtod(text.c_str(), &end);
+    return end == text.c_str() || errno == ERANGE ? 0 : number;
+}
+
+std::optional<int> parse_integer(const std::string& text)
+{
+    char* end = nullptr;
+    errno = 0;
+    const long number = std::strtol(text.c_str(), &end, 10);
+    const bool in_range = errno != ERANGE && number >= INT_MIN && number <= INT_MAX;
+    if (end == text.c_str() || !in_range)
+        return std::nullopt;
+    return static_cast<int>(number);
+}
+
+int integer_in(const std::string& text)
+{
+    return parse_integer(text).value_or(0);
 }

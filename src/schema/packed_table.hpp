@@ -37,9 +37,13 @@ constexpr PackedSize packed_size(std::span<const Row> rows)
 {
     PackedSize size;
     for (const Row& row : rows) {
+        for_each_face(row, [&](const Face& face, Direction) {
+            size.rows += 1;
+            size.characters += face.path.size() + face.key.size() + face.null_text.size() + 3;
+        });
         const PackedSize inner = packed_size(row.group);
-        size.rows += 1 + inner.rows;
-        size.characters += row.path.size() + row.key.size() + row.null_text.size() + 3 + inner.characters;
+        size.rows += inner.rows;
+        size.characters += inner.characters;
     }
     return size;
 }
@@ -56,12 +60,13 @@ private:
     constexpr void add(std::span<const Row> rows)
     {
         for (const Row& row : rows) {
-            PackedRow& packed = m_rows[m_row_count++];
-            packed = {text(row.path), text(row.key), text(row.null_text), 0, row.coding, row.marks.direction,
-                row.marks.nameless_if_absent, row.repeat};
+            for_each_face(row, [&](const Face& face, Direction direction) {
+                m_rows[m_row_count++] = {text(face.path), text(face.key), text(face.null_text), 0,
+                    face.coding, direction, row.marks.nameless_if_absent, row.repeat};
+            });
             const std::size_t before = m_row_count;
             add(row.group);
-            packed.members = static_cast<std::uint16_t>(m_row_count - before);
+            m_rows[before - 1].members = static_cast<std::uint16_t>(m_row_count - before);
         }
     }
 

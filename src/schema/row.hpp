@@ -11,14 +11,25 @@
 
 #include "schema/coding.hpp"
 
-// Which directions a row is for. Where they differ, a member has a row for each.
-enum class Direction : std::uint8_t { BOTH, WRITTEN, READ };
+// A member as it goes one way: written into a document from the settings, or read into them out of one.
+struct Face {
+    std::string_view path;  // names of members with dots between them; in an array, the number of the element
+    std::string_view key;   // of the settings file
+    Coding coding = Coding::TEXT;
+    std::string_view null_text = {};  // coding.hpp tells what it is to which coding
+
+    constexpr bool operator==(const Face&) const = default;
+    constexpr explicit operator bool() const { return !path.empty(); }
+};
+
+inline constexpr Face NEVER{};  // of a member that does not go that way
 
 // Which elements of an array in a document are read.
 enum class Elements : std::uint8_t {
     ALL,         // that are there
     UP_TO_NULL,  // in front of the first null
-    DIAGONAL,    // element j of every array, if array j has an element j that is not null
+    DIAGONAL,    // of arrays in the elements of an array: element j of each, if array j has one that is not
+                 // null
 };
 
 // How often a group stands in its place: once, or that many times in an array. The "#" of its flat key stands
@@ -33,16 +44,15 @@ struct Repeat {
 struct Marks {
     bool status = false;          // a running driver tells it; a document may set it all the same
     std::string_view words = {};  // what the text usually is, "|" between two; no word is checked
-    Direction direction = Direction::BOTH;
-    bool nameless_if_absent = false;  // a document without the member yields an empty key and value
-    bool nogui = false;               // front ends hide it
+    bool nameless_if_absent =
+        false;                // where nothing is read, whatever the coding, that is an empty key and value
+    bool read_again = false;  // another row reads the same member too
+    bool nogui = false;       // front ends hide it
     std::string_view unset = {};  // what a key that isn't set counts as, where a null writes something else
 };
 
 inline constexpr Marks STATUS{.status = true};
 inline constexpr Marks DEBUG_STATUS{.status = true, .nogui = true};
-inline constexpr Marks WRITTEN_ALONE{.direction = Direction::WRITTEN};
-inline constexpr Marks READ_ALONE{.direction = Direction::READ};
 
 constexpr Marks words(std::string_view words)
 {
@@ -50,31 +60,47 @@ constexpr Marks words(std::string_view words)
 }
 
 struct Row {
-    // A member. A path in an array has the number of the element.
-    constexpr Row(std::string_view member, std::string_view flat_key, Coding as, std::string_view of_null,
+    // A member that goes both ways alike.
+    constexpr Row(std::string_view path, std::string_view key, Coding coding, std::string_view null_text,
         std::string_view text, Marks what = {})
-        : path(member), key(flat_key), null_text(of_null), description(text), marks(what), coding(as)
+        : Row(Face{path, key, coding, null_text}, Face{path, key, coding, null_text}, text, what)
+    {
+    }
+
+    // A member under different names or codings, or one that goes one way alone.
+    constexpr Row(const Face& out, const Face& in, std::string_view text, Marks what = {})
+        : written(out), read(in), description(text), marks(what)
     {
     }
 
     // A group of members: rows whose paths lead on from this one, and whose keys follow this one's. An empty
     // path takes in rows that several tables have in common.
     constexpr Row(
-        std::string_view member, std::string_view key_prefix, std::span<const Row> rows, Repeat often = {})
-        : path(member), key(key_prefix), repeat(often), group(rows)
+        std::string_view path, std::string_view key_prefix, std::span<const Row> rows, Repeat often = {})
+        : written{path, key_prefix}, read(written), repeat(often), group(rows)
     {
     }
 
-    std::string_view path;         // names of members with dots between them
-    std::string_view key;          // of the settings file
-    std::string_view null_text;    // what a null in a document writes; empty: see json_text.hpp
-    std::string_view description;  // for people
-    Marks marks;
-    Coding coding = Coding::TEXT;
+    Face written, read;                 // of a group, too
+    std::string_view description = {};  // for people
+    Marks marks = {};
 
-    Repeat repeat;
-    std::span<const Row> group;
+    Repeat repeat = {};
+    std::span<const Row> group = {};
 };
+
+enum class Direction : std::uint8_t { BOTH, WRITTEN, READ };
+
+// Calls visit(face, direction) for the one face of a row that goes both ways alike, or else for each.
+template <typename Visitor> constexpr void for_each_face(const Row& row, const Visitor& visit)
+{
+    if (row.written == row.read)
+        return visit(row.read, Direction::BOTH);
+    if (row.written)
+        visit(row.written, Direction::WRITTEN);
+    if (row.read)
+        visit(row.read, Direction::READ);
+}
 
 // The flat key with an element's number for its "#".
 inline std::string numbered(std::string key, int number)

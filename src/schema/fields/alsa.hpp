@@ -23,9 +23,7 @@ inline constexpr Row ALSA[] = {
     {"active_mixer_controls", "active mixer controls", NULLABLE_TEXT, "",
         "Status display, whether or not this output is able to use the hardware mixer", STATUS},
     {"alsa_buffer_size", "alsa buffer size", NULLABLE_TEXT, "", "Buffer size of the audio output", STATUS},
-    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
-        "Last error encountered when trying to open the audio output", STATUS},
-    {"", "", AUTOSTART_ITEM},
+    {"", "", AUDIO_OUTPUT_END},
     {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "",
         "Notes about the ALSA hardware and configuration.", DEBUG_STATUS},
 };

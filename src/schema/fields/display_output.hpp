@@ -9,8 +9,7 @@ using enum Coding;
 
 inline constexpr Row DISPLAY_OUTPUT[] = {
     // A document can't rename an output.
-    {"name", "", CONSTANT, "", "Gives the output a human-readable name", WRITTEN_ALONE},
-    {"name", "", NULLABLE_TEXT, "", "Gives the output a human-readable name", READ_ALONE},
+    {{"name", "", CONSTANT}, {"name", "", NULLABLE_TEXT}, "Gives the output a human-readable name"},
     {"source", "item", PATH, "", "Channel path to feed from"},
     {"behavior.autostart", "autostart", BOOLEAN, "0", "Whether or not the item is automatically started"},
     {"behavior.restart", "autorestart", BOOLEAN, "0",

@@ -14,7 +14,7 @@ using enum Coding;
 inline constexpr auto INTERNET_MPEG_NORMALIZER = [] {
     auto rows = audio_normalizer("-24.000", "-6.000", "-3.000");
     for (Row& row : rows) {
-        row.coding = TEXT;
+        row.written.coding = row.read.coding = TEXT;
         row.marks.words = {};
     }
     return rows;

@@ -8,23 +8,15 @@ namespace fields {
 
 using enum Coding;
 
-inline constexpr Row ENC_AUDIO[] = {
-    {"encoder", "encoder", TEXT, "", "encoder to use (mp3, mp2, aac, ac-3, ogg-vorbis)",
-        words("mp3|mp2|aac|ac-3|ogg-vorbis")},
-    {"rate", "rate", TEXT, "", "Sample rate to encode to (leave blank to use default or source rate)"},
-    {"", "", CODEC_LEVELS},
-    {"mp2__channel_mode", "mp2, channel mode", TEXT, "", "Set MP2 encoder channel mode"},
-    {"mp3__channel_mode", "mp3, channel mode", TEXT, "", "Set MP3 encoder channel mode"},
-    {"", "", CODEC_SWITCHES},
-    {"mp3__strict_iso", "mp3, strict iso", TEXT, "0", "MP3: strict ISO conformance (default off)"},
-    {"mp3__bit_reservoir", "mp3, bit reservoir", TEXT, "1", "MP3: enable bit reservoir (default on)"},
-    {"aac__object_type", "aac, object type", TEXT, "low", "AAC: profile to encode for (main, low, ssr, ltp)",
-        words("main|low|ssr|ltp")},
-    {"name", "name", TEXT, "", "Associate this encoder with a user-friendly name."},
-    {"ac3__dialog_normalization", "ac3, dialog normalization", TEXT, "-31",
-        "AC-3 dialog normalization parameter."},
-    {"", "", ENCODER_STATUS},
-};
+// Written and read under the same names.
+inline constexpr auto ENC_AUDIO = [] {
+    auto rows = audio_encoder("Sample rate to encode to (leave blank to use default or source rate)");
+    for (Row& row : rows) {
+        row.read.path = row.written.path;
+        row.written = row.read;
+    }
+    return rows;
+}();
 
 inline constexpr Row ENC_VIDEO[] = {
     {"h_264_aud", "h.264 aud", TEXT, "", "H.264: whether to emit Access Unit Delimiters"},

@@ -40,22 +40,6 @@ inline constexpr Row ENC_IPTV[] = {
     {"", "", LAST_WORDS},
 };
 
-// The un-numbered ASI output, which has no group of its own.
-inline constexpr Row ENC_ASI[] = {
-    {"asi__enable", "asi, enable", TEXT, "0", "Enable ASI output"},
-    {"asi__use_hw_clock", "asi, use hw clock", TEXT, "1", "Use ASI hardware clock, if available"},
-    {"asi__bitrate", "asi, bitrate", TEXT, "",
-        "If set, configure ASI output at this specific bitrate, else use TS mux bitrate."},
-    {"asi__path", "asi, path", TEXT, "", "Specifies path for ASI driver, if needed"},
-    {"asi__index", "asi, index", TEXT, "-1", "Specifies ASI device index"},
-    {"asi__driver", "asi, driver", TEXT, "",
-        "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers.",
-        words("file|cm_master_asi")},
-    {"asi__active", "asi, active", TEXT, "", "Status display.", STATUS},
-    {"asi__last_error", "asi, last error", TEXT, "", "Last error initializing the encoder", STATUS},
-    {"asi__last_notes", "asi, last notes", TEXT, "", "Last notes related to the encoder", DEBUG_STATUS},
-};
-
 // A numbered ASI output. The flat keys follow the output's prefix.
 inline constexpr Row NUMBERED_ASI[] = {
     {"enable", "enable", TEXT, "0",
@@ -69,7 +53,31 @@ inline constexpr Row NUMBERED_ASI[] = {
         "Specifies ASI device driver. Valid files: 'file', 'cm_master_asi'. Use `zelm_dvbasi_list` to list all valid drivers.",
         words("file|cm_master_asi")},
     {"active", "active", TEXT, "", "Status display.", STATUS},
-    {"", "", LAST_WORDS},
+    LAST_WORDS[0],
+    LAST_WORDS[1],
 };
+
+// The un-numbered ASI output, which has no group of its own.
+inline constexpr auto ENC_ASI = [] {
+    constexpr Face NAMES[] = {
+        {"asi__enable", "asi, enable"},
+        {"asi__use_hw_clock", "asi, use hw clock"},
+        {"asi__bitrate", "asi, bitrate"},
+        {"asi__path", "asi, path"},
+        {"asi__index", "asi, index"},
+        {"asi__driver", "asi, driver"},
+        {"asi__active", "asi, active"},
+        {"asi__last_error", "asi, last error"},
+        {"asi__last_notes", "asi, last notes"},
+    };
+    auto rows = std::to_array(NUMBERED_ASI);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        rows[i].read.path = NAMES[i].path;
+        rows[i].read.key = NAMES[i].key;
+        rows[i].written = rows[i].read;
+    }
+    rows[0].description = "Enable ASI output";
+    return rows;
+}();
 
 }  // namespace fields

@@ -19,9 +19,7 @@ inline constexpr Row OSS[] = {
         STATUS},
     {"oss_buffer_size", "oss buffer size", NULLABLE_TEXT, "", "Status, buffer size to the sound card",
         STATUS},
-    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
-        "Last error encountered when trying to open the audio output", STATUS},
-    {"", "", AUTOSTART_ITEM},
+    {"", "", AUDIO_OUTPUT_END},
 };
 
 }  // namespace fields

@@ -31,4 +31,10 @@ inline constexpr Row AUTOSTART_ITEM[] = {
         "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
 };
 
+inline constexpr Row AUDIO_OUTPUT_END[] = {
+    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
+        "Last error encountered when trying to open the audio output", STATUS},
+    {"", "", AUTOSTART_ITEM},
+};
+
 }  // namespace fields

@@ -1,5 +1,4 @@
-// The members of a pulseaudio output's document in front of and behind the audio normalizer's, in their
-// order.
+// The members of a pulseaudio output's document, in their order.
 #pragma once
 
 #include "schema/fields/audio_normalizer.hpp"
@@ -17,9 +16,7 @@ inline constexpr Row PULSE_AUDIO[] = {
     {"", "", AUDIO_NORMALIZER},
     {"active", "active", NULLABLE_TEXT, "", "Status display, whether or not the audio output is open",
         STATUS},
-    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
-        "Last error encountered when trying to open the audio output", STATUS},
-    {"", "", AUTOSTART_ITEM},
+    {"", "", AUDIO_OUTPUT_END},
     {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "", "Notes about PulseAudio.", DEBUG_STATUS},
     {"pulseaudio_sink", "pulseaudio sink", NULLABLE_TEXT, "", "PulseAudio sink device to send audio to"},
 };

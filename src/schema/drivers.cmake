@@ -1,0 +1,17 @@
+# The driver words of the items of a kind, out of the list in the sources: drivers_of(KIND ALL DOCUMENTS). The
+# second variable gets those with a document of their own alone.
+function(drivers_of kind all documents)
+  set(list ${PROJECT_SOURCE_DIR}/src/schema/drivers.def)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
+  file(STRINGS ${list} rows REGEX "^DRIVER[_A-Z]*\\([a-z0-9_]+, ${kind}[,)]")
+  if(NOT rows)
+    message(FATAL_ERROR "${list} has no driver of the kind ${kind}")
+  endif()
+  set(alone ${rows})
+  list(FILTER alone INCLUDE REGEX "^DRIVER_ALONE")
+  list(TRANSFORM rows REPLACE "^DRIVER[_A-Z]*\\(([a-z0-9_]+).*" "\\1")
+  list(TRANSFORM alone REPLACE "^DRIVER[_A-Z]*\\(([a-z0-9_]+).*" "\\1")
+  set(${all} ${rows} PARENT_SCOPE)
+  list(REMOVE_ITEM rows ${alone})
+  set(${documents} ${rows} PARENT_SCOPE)
+endfunction()

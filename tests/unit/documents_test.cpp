@@ -1,0 +1,244 @@
+// Documents and the settings that they are, both ways.
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+
+#include "schema/composite_text.hpp"
+#include "schema/create_consumer.hpp"
+#include "schema/create_emitter.hpp"
+#include "schema/json_path.hpp"
+#include "schema/schemas.hpp"
+#include "unit/schema_testing.hpp"
+
+using json11::Json;
+
+namespace {
+
+Json emitted(const std::string& driver, const SettingValues& settings)
+{
+    const auto emitter = createEmitter(driver);
+    InfoList list;
+    for (const auto& [key, value] : settings)
+        list[key].value = value;
+    emitter->add(std::move(list));
+    return emitter->emitJson();
+}
+
+SettingValues consumed(const std::string& driver, const std::string& document)
+{
+    const auto consumer = createConsumer(driver, document);
+    consumer->createItems();
+    return consumer->items();
+}
+
+// A copy of the document with one member set. A number is a place in an array.
+Json with(const Json& json, const std::string& path, const Json& value)
+{
+    const std::size_t dot = std::min(path.find('.'), path.size());
+    const std::string name = path.substr(0, dot);
+    const auto inner = [&](const Json& member) {
+        return dot == path.size() ? value : with(member, path.substr(dot + 1), value);
+    };
+    if (name.find_first_not_of("0123456789") == std::string::npos) {
+        Json::array elements = json.array_items();
+        elements.resize(std::max(elements.size(), std::stoul(name) + 1), Json::object{});
+        elements[std::stoul(name)] = inner(elements[std::stoul(name)]);
+        return elements;
+    }
+    Json::object members = json.object_items();
+    members[name] = inner(members[name]);
+    return members;
+}
+
+constexpr const char* TEXTS[] = {
+    "", "1", "-1", "-2.5", "25:1p", "/a//b", "top", "None", "if no audio", "decibelm5"};
+constexpr const char* VALUES[] = {"null", "true", R"("x")", "2.9",
+    R"({"count": 2, "units": "frames", "width": 3, "height": 4, "x": 5, "y": 6, "numerator": 7, "denominator": 8,
+        "kind": "music", "vertical": "top", "mode": "decibel", "intensity": 9})"};
+
+// What is to be seen of a member from outside: where it stands, what texts become of it, and what becomes of
+// values. The elements of an array count as one.
+struct Seen {
+    std::string path;
+    std::string text;
+
+    std::string digest() const
+    {
+        std::uint32_t hash = 2166136261U;
+        for (const char c : text)
+            hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+        char digits[9];
+        std::snprintf(digits, sizeof digits, "%03x", (hash ^ hash >> 12 ^ hash >> 24) & 0xfff);
+        return digits;
+    }
+};
+
+class Document {
+public:
+    explicit Document(const Schema& schema)
+    {
+        for_each_member(
+            schema.rows, [this](const std::string& path, const std::string& key, const MemberFace& face) {
+                m_members.push_back({path, key, face.is_written(), face.is_read()});
+            });
+        const std::string driver(schema.driver);
+        for (const char* text : TEXTS)
+            m_written.push_back(emitted(driver, all_set_to(text)));
+        const std::string document = whole();
+        for (const char* value : VALUES)
+            m_read.push_back(consumed(driver, replaced(document, R"("@")", value)));
+    }
+
+    std::vector<Seen> seen() const
+    {
+        std::vector<Seen> all;
+        for (const Member& member : m_members) {
+            std::string path = member.path;
+            for (std::size_t i = 1; i < path.size(); ++i)
+                if (path[i] >= '0' && path[i] <= '9' && path[i - 1] == '.' && path[i + 1] == '.')
+                    path[i] = '#';
+            const auto same =
+                std::find_if(all.begin(), all.end(), [&](const Seen& one) { return one.path == path; });
+            if (same == all.end())
+                all.push_back({path, text_of(member)});
+            else
+                same->text += text_of(member);
+        }
+        std::string order;
+        for (const auto& [key, value] : m_read.front())
+            order += key + ";";
+        all.push_back({"(order of the settings)", order});
+        return all;
+    }
+
+private:
+    struct Member {
+        std::string path, key;
+        bool is_written, is_read;
+    };
+
+    // Two keys of a channel end the run where the text is none of theirs.
+    SettingValues all_set_to(const char* text) const
+    {
+        SettingValues settings;
+        for (const Member& member : m_members)
+            settings.emplace_back(member.key, member.key == "audio meter"          ? "-1, -inf"
+                                              : member.key == "video aspect ratio" ? "16:9"
+                                                                                   : text);
+        return settings;
+    }
+
+    std::string whole() const
+    {
+        Json document;
+        for (const Member& member : m_members)
+            if (member.is_read)
+                document = with(document, member.path, "@");
+        return document.dump();
+    }
+
+    std::string text_of(const Member& member) const
+    {
+        std::string text = member.path + " = " + member.key;
+        for (const Json& document : m_written)
+            if (const Json* const json = member.is_written ? member_at(&document, member.path) : nullptr)
+                text += " " + json->dump();
+        text += " <";
+        for (const SettingValues& settings : m_read)
+            for (const auto& [key, value] : settings)
+                text += member.is_read && key == member.key ? " " + value : "";
+        return text + "\n";
+    }
+
+    std::vector<Member> m_members;
+    std::vector<Json> m_written;        // by the texts
+    std::vector<SettingValues> m_read;  // by the values
+};
+
+// What stands behind a driver's word in the file of digests.
+std::vector<std::string> expected_digests(const std::string& driver)
+{
+    std::ifstream file(TESTS "/unit/documents.txt");
+    std::vector<std::string> digests;
+    std::string of;
+    for (std::string word; file >> word;)
+        if (word.back() == ':')
+            of = word;
+        else if (of == driver + ":")
+            digests.push_back(word);
+    return digests;
+}
+
+// A digest changes with whatever is to be seen of its member. Where that is wanted, what the test prints
+// takes the place of the driver's digests.
+TEST(Documents, HaveTheMembersThatFrontEndsKnow)
+{
+    for (const Schema& schema : SCHEMAS) {
+        const std::string driver(schema.driver);
+        const std::vector<std::string> expected = expected_digests(driver);
+        std::vector<std::string> digests;
+        std::string entry = driver + ":", others;
+        std::size_t width = entry.size();
+        for (const Seen& seen : Document(schema).seen()) {
+            digests.push_back(seen.digest());
+            entry += (width > 110 ? "\n    " : " ") + digests.back();
+            width = width > 110 ? 7 : width + 4;
+            if (std::find(expected.begin(), expected.end(), digests.back()) == expected.end() &&
+                others.size() < 2000)
+                others += seen.path + ":\n" + seen.text;
+        }
+        EXPECT_TRUE(digests == expected) << driver << " has other members now, or others in another order:\n"
+                                         << others << entry;
+    }
+}
+
+TEST(Documents, ChangeOnlyWhatTheyName)
+{
+    const struct {
+        const char* driver;
+        const char* document;
+        SettingValues settings;
+    } cases[] = {
+        {"x11", "not JSON", {}},
+        {"x11", "[1]", {}},
+        {"x11", "{}", {}},
+        {"x11", R"({"debug": 1, "video": null})", {{"last error", ""}, {"last notes", ""}}},
+        {"drmkms", R"({"kms": {"connector": {}, "master": {"using": true}}})",
+            {{"using drm as master", "1"}}},
+        {"trigger_rs232", R"({"driver": "trigger_rs232"})", {}},
+        {"video_passthru", R"({"2_encoding": "0", "2 encoding": "0", "mpeg_cpu_threshold": "5"})", {}},
+        // Words that are no driver's have the channel's document. A nameless pair takes the place of a policy
+        // that is missing.
+        {"newtek_ndi", R"({"name": "One"})", {{"channel name", "One"}, {"", ""}}},
+        {"X11", R"({"name": "One"})", {{"channel name", "One"}, {"", ""}}},
+        {"channel", "{}", {}},
+        {"channel", R"({"unknown": 1})", {{"", ""}}},
+        {"channel", R"({"behavior": null, "audio": "x", "video": [], "regions": true})", {{"", ""}}},
+        {"", R"({"regions": {"urgent": {"enable": true}, "alerts": {"text": {"enable": null}}}})",
+            {{"urgent enable", "1"}, {"", ""}, {"eas scroll text enable", "1"}}},
+        // An alignment is read wherever its object stands, and a global item only in front of the first null.
+        {"channel", R"({"regions": {"item": {"video": {}}, "urgent": {"audio": {}}}})",
+            {{"item align", "center center"}, {"", ""}}},
+        {"channel", R"({"regions": {"global": [{"enable": true}, null, {"enable": true}]}})",
+            {{"", ""}, {"global item 1 enable", "1"}}},
+        {"channel", R"({"regions": {"global": {"0": {"enable": true}}}})", {{"", ""}}},
+        {"shoutcast",
+            R"({"enc": [{"rate": "1"}, null, {"rate": "3", "mp3__strict_iso": "1"}, {"rate": "4"}]})",
+            {{"enc0, rate", "1"}, {"enc2, rate", "3"}}},
+        {"internet_mpeg",
+            R"({"enc": [null, {"audio": {"rate": 48000}, "asi": null}, {"ps": {"vbr": null}}]})",
+            {{"enc1, audio, rate", "48000"}, {"enc2, ps, vbr", "1"}}},
+        // Output j of every encoder hangs on output j of encoder j.
+        {"internet_mpeg",
+            R"({"enc": [{"asi": [{}, {"path": "/a"}]}, {"asi": [{}, null]}, {"asi": [{}, {"path": "/c"}]}]})",
+            {}},
+        {"internet_mpeg",
+            R"({"enc": [{"asi": [null, {"path": "/a"}]}, {"asi": [null, {}]}, {"asi": [null, {"path": "/c"}]}]})",
+            {{"enc0, asi2, path", "/a"}, {"enc2, asi2, path", "/c"}}},
+    };
+    for (const auto& [driver, document, settings] : cases)
+        EXPECT_EQ(consumed(driver, document), settings) << driver << document;
+    EXPECT_THROW(consumed("x11", R"({"x11": []})"), std::invalid_argument);
+}
+
+}  // namespace
