@@ -2,11 +2,13 @@
 //
 //     written(text, null_text)   the flat text as JSON, with std::nullopt where the object lacks the member
 //     read(json, null_text)      the JSON as flat text, with std::nullopt where nothing is written
+//     takes(null_text)           whether it can be a row's null text, as coding.hpp tells what that is
 //     JSON                       which JSON it is, as a JSON Schema
 //
 // What a program does not use of this is not part of it.
 #pragma once
 
+#include <algorithm>
 #include <boost/algorithm/string/trim.hpp>
 #include <optional>
 
@@ -40,7 +42,33 @@ inline bool has_parts(const Json& json, const char* first, const char* second)
     return member_of(&json, first) && member_of(&json, second);
 }
 
+constexpr bool is_integer(std::string_view text)
+{
+    text.remove_prefix(text.starts_with('-') ? 1 : 0);
+    return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+}
+
+constexpr bool is_number(std::string_view text)
+{
+    const std::size_t dot = text.find('.');
+    return is_integer(text.substr(0, dot)) && (dot == text.npos || is_integer(text.substr(dot + 1)));
+}
+
+// Whether the text is two that these accept, with the separator between them.
+template <typename First, typename Second>
+constexpr bool is_pair(std::string_view text, char separator, First is_first, Second is_second)
+{
+    const std::size_t at = text.find(separator);
+    return at != text.npos && is_first(text.substr(0, at)) && is_second(text.substr(at + 1));
+}
+
+constexpr bool is_among(std::string_view text, std::initializer_list<std::string_view> words)
+{
+    return std::find(words.begin(), words.end(), text) != words.end();
+}
+
 struct Text {
+    static constexpr bool takes(std::string_view) { return true; }
     static Json written(std::string text, std::string_view) { return Json(std::move(text)); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -64,6 +92,7 @@ struct DashedText : Text {
 };
 
 struct Boolean {
+    static constexpr bool takes(std::string_view text) { return is_among(text, {"", "0", "1", "-1"}); }
     static Json written(const std::string& text, std::string_view) { return text == "1"; }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -73,6 +102,7 @@ struct Boolean {
 };
 
 struct Integer {
+    static constexpr bool takes(std::string_view text) { return text.empty() || is_integer(text); }
     static Json written(const std::string& text, std::string_view) { return integer_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -82,6 +112,7 @@ struct Integer {
 };
 
 struct Number {
+    static constexpr bool takes(std::string_view text) { return text.empty() || is_number(text); }
     static Json written(const std::string& text, std::string_view) { return number_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -119,6 +150,7 @@ struct OptionalNumber : Number {
 };
 
 struct KeptNumber : Nullable<Number> {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         return json.is_null() ? MaybeText() : Number::read(json, null_text);
@@ -126,6 +158,7 @@ struct KeptNumber : Nullable<Number> {
 };
 
 struct Constant {
+    static constexpr bool takes(std::string_view) { return true; }
     static Json written(const std::string&, std::string_view constant) { return std::string(constant); }
     static MaybeText read(const Json&, std::string_view constant) { return std::string(constant); }
     static constexpr const char* JSON = Text::JSON;
@@ -139,6 +172,7 @@ struct NullableConstant : Constant {
 };
 
 struct Path {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
     static Json written(const std::string& text, std::string_view) { return split(text, "/"); }
     static MaybeText read(const Json& json, std::string_view) { return array_text(json, "/"); }
     static constexpr char JSON[] = R"({"type": ["array", "null"], "items": {"type": "string"}})";
@@ -167,6 +201,10 @@ struct Device : Text {
 };
 
 struct TimedValue {
+    static constexpr bool takes(std::string_view text)
+    {
+        return (text.ends_with('s') || text.ends_with('f')) && is_number(text.substr(0, text.size() - 1));
+    }
     static Json written(const std::string& text, std::string_view)
     {
         if (text.empty())
@@ -199,6 +237,7 @@ struct WholeTimedValue : TimedValue {
 
 // The {} of a ratio that is not set leaves the flat key alone too.
 struct Ratio {
+    static constexpr bool takes(std::string_view text) { return is_pair(text, ':', is_integer, is_integer); }
     static Json written(const std::string& text, std::string_view)
     {
         if (text.empty())
@@ -220,6 +259,13 @@ struct Ratio {
 
 // The suffix follows without a blank, and the letter in front of "i bff" and "i tff" is an l.
 struct FrameRate {
+    static constexpr bool takes(std::string_view text)
+    {
+        return is_pair(text, ':', is_integer, [](std::string_view right) {
+            const std::size_t end = right.find_first_not_of("0123456789");
+            return end > 0 && end != right.npos && is_among(right.substr(end), {"p", "li bff", "li tff"});
+        });
+    }
     static Json written(const std::string& text, std::string_view)
     {
         if (text.empty())
@@ -267,6 +313,7 @@ inline std::string read_pair(const Json& json, const char* first, const char* se
 }
 
 struct Size {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
     static Json written(const std::string& text, std::string_view)
     {
         return written_pair(text, "width", "height");
@@ -278,6 +325,7 @@ struct Size {
 };
 
 struct Position {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
     static Json written(const std::string& text, std::string_view) { return written_pair(text, "x", "y"); }
     static MaybeText read(const Json& json, std::string_view) { return read_pair(json, "x", "y"); }
     static constexpr char JSON[] =
@@ -286,6 +334,17 @@ struct Position {
 };
 
 struct Alignment {
+    static constexpr bool takes(std::string_view text)
+    {
+        return is_pair(
+            text, ' ',
+            [](std::string_view word) {
+                return is_among(word, {"top", "center", "bottom"});
+            },
+            [](std::string_view word) {
+                return is_among(word, {"left", "center", "right"});
+            });
+    }
     static Json written(const std::string& text, std::string_view null_text)
     {
         std::vector<std::string> words = two_words(text);
@@ -312,6 +371,7 @@ struct Alignment {
 
 // Every mode but the linear one is read as the decibel mode.
 struct MapMode {
+    static constexpr bool takes(std::string_view text) { return is_among(text, {"linear", "decibel"}); }
     static Json written(const std::string& text, std::string_view)
     {
         const std::string decibel = "decibelm";
@@ -337,6 +397,7 @@ struct MapMode {
 // A single level, without a comma, is no meter. A level that is no number is the one bad number of all
 // documents that ends the run.
 struct Meter {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
     static Json written(const std::string& text, std::string_view)
     {
         const std::vector<std::string> pieces = split(text, ",");
@@ -356,6 +417,10 @@ struct Meter {
 };
 
 struct Layer {
+    static constexpr bool takes(std::string_view text)
+    {
+        return is_among(text, {"item", "urgent", "music", "alerts", "global"});
+    }
     static Json written(const std::string& text, std::string_view)
     {
         if (text == "item" || text == "urgent" || text == "music")
@@ -386,6 +451,7 @@ struct Layer {
 // The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also
 // nothing, converts even what has captions of its own. Forced but not on is off.
 struct ThreeWayOn {
+    static constexpr bool takes(std::string_view text) { return Boolean::takes(text); }
     static Json written(const std::string& text, std::string_view) { return text != "0"; }
     static MaybeText read(const Place& at, std::string_view null_text)
     {
@@ -400,13 +466,14 @@ struct ThreeWayOn {
 };
 
 struct ThreeWayForced {
+    static constexpr bool takes(std::string_view text) { return Boolean::takes(text); }
     static Json written(const std::string& text, std::string_view) { return text != "0" && text != "-1"; }
     static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
     static constexpr const char* JSON = Boolean::JSON;
 };
 
 // Calls the function with the struct of the coding.
-template <typename Function> auto with(Coding coding, Function function)
+template <typename Function> constexpr auto with(Coding coding, Function function)
 {
     switch (coding) {
     case Coding::TEXT: break;
@@ -457,6 +524,11 @@ inline MaybeText read(Coding coding, const Place& at, std::string_view null_text
         else
             return at.member ? Face::read(*at.member, null_text) : std::nullopt;
     });
+}
+
+constexpr bool takes(Coding coding, std::string_view null_text)
+{
+    return with(coding, [null_text](auto face) { return decltype(face)::takes(null_text); });
 }
 
 inline const char* json_schema(Coding coding)
