@@ -10,11 +10,10 @@ import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
+from driver_words import drivers_with_document
 from tool_switches import tool_switches
 
 COMMANDS = "create clone rename delete set list status start stop restart"
-OUTPUT_DOCUMENTS = "alsa blackmagic_decklink_sdi drmkms fbdev internet_mpeg oss pulseaudio schedule_push shoutcast x11"
-ROUTER_DRIVERS = "blackmagic_videohub knox_rs16x16hb knox_rs8x8hb knox_rsii sierra_video_aspen_hdsdi"
 INPUT_TYPES = "video-passthru video-passthru-v2 trigger-rs232"
 NAMES = ["main", "x y", "it's", 'two"quotes', "$HOME", "`id`", "back\\slash", "k=v:1", "bell\x01", "\xe9*", "!1"]
 SAMPLE = "/usr/share/tavorn4/samples/preview.x11.json"
@@ -59,8 +58,8 @@ ROWS = [
     ("zelm_check --kind ", "", ["channel", "output", "input", "router"]),
     ("zelm_check --json settings ", "--v", ["--version"]),
     ("zelm_check document ", SAMPLE[:-9], [SAMPLE]),
-    ("zelm_outctl --json-driver ", "", OUTPUT_DOCUMENTS.split()),
-    ("zelm_routectl --json-driver ", "", ROUTER_DRIVERS.split()),
+    ("zelm_outctl --json-driver ", "", drivers_with_document("OUTPUT")),
+    ("zelm_routectl --json-driver ", "", drivers_with_document("ROUTER")),
     ("zelm_inctl --json-driver ", "t", ["trigger_rs232"]),
     ("zelm_inctl -c create --type ", "", INPUT_TYPES.split()),
     ("zelm_outctl --json-from ", SAMPLE[:-9], [SAMPLE]),

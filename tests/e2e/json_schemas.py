@@ -1,18 +1,21 @@
 # The installed JSON Schemas against the documents that the tools print, and the manifests against what drivers
 # report. Prints what is not as it should be.
 import json
+import pathlib
 import re
 import subprocess
+import sys
 from jsonschema import Draft202012Validator
 
-OUTPUTS = "alsa blackmagic_decklink_sdi drmkms fbdev internet_mpeg oss pulseaudio schedule_push shoutcast x11"
-ROUTERS = "blackmagic_videohub knox_rs16x16hb knox_rs8x8hb knox_rsii sierra_video_aspen_hdsdi"
-# Tool, directory, what a program's name begins with, and drivers.
-DRIVERS = [
-    ("zelm_chctl", "rendermgr", "zelm_rendermgr", "channel"),
-    ("zelm_outctl", "outputs", "zelm_out_", OUTPUTS),
-    ("zelm_inctl", "inputs", "zelm_", "trigger_rs232 video_passthru video_passthru_v2"),
-    ("zelm_routectl", "routing", "zelm_", ROUTERS),
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
+from driver_words import drivers_with_document
+
+# Tool, directory, what a program's name begins with, and kind of its items.
+TOOLS = [
+    ("zelm_chctl", "rendermgr", "zelm_rendermgr", "CHANNEL"),
+    ("zelm_outctl", "outputs", "zelm_out_", "OUTPUT"),
+    ("zelm_inctl", "inputs", "zelm_", "INPUT"),
+    ("zelm_routectl", "routing", "zelm_", "ROUTER"),
 ]
 # What was typed by hand. Two keys end a listing whose text is none of theirs.
 TEXTS = ["", "1", "-2.5", "loud", "3000000000", "1e999", "nan", "15", "25/1p", "text", "decibelm5", "/a//b/", "a b"]
@@ -134,8 +137,8 @@ def check(tool, directory, program, driver):
             print(driver, list(error.path), error.message)
 
 
-for tool, directory, program, drivers in DRIVERS:
-    for driver in drivers.split():
+for tool, directory, program, kind in TOOLS:
+    for driver in drivers_with_document(kind):
         check(tool, directory, program if driver == "channel" else program + driver, driver)
 for verdict, rows in (True, TAKEN), (False, REFUSED):
     for driver, document in rows:

@@ -68,13 +68,21 @@ TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
         {"zelm_routectl", ROUTERS, "driver=knox_rsii\nport=1\n",
             R"(knox_rsii --json-out '{"driver": "alsa", "port": null, "inputs": 16}')",
             "driver=knox_rsii\ninputs=16\n"},
+        {"zelm_chctl", CHANNELS, "catch up speed=50\nfoo=bar\n",
+            R"('' --json-out '{"behavior": {"recoverySpeed": null, "systemDelay": {}},
+            "audio": {"normalizer": {"enable": true, "passes": [{}, {"upper": null}]}},
+            "regions": {"item": {"media": {"path": ["", "mnt", "a b.png"]}, "video": {"enable": true}}}}')",
+            "foo=bar\nsystem delay=1s\naudio normalizer enable=1\naudio normalizer enable=1\n"
+            "audio normalizer upper level 2==-3\nitem=/mnt/a b.png\nitem video enabled=1\n"
+            "item align=center center\n"},
     };
     for (const auto& row : cases) {
-        write_file(row.directory + "a", row.seed);
-        output_of(std::string(row.tool) + " -c set -o a --json-driver " + row.switches);
+        const std::string item = row.directory == CHANNELS ? "channel1" : "a";
+        write_file(row.directory + item, row.seed);
+        output_of(std::string(row.tool) + " -c set -o " + item + " --json-driver " + row.switches);
         const std::string marker =
             row.seed.starts_with("#") ? row.seed.substr(0, row.seed.find('\n') + 1) : "";
-        EXPECT_EQ(read_file(row.directory + "a"), marker + "#multiline\n" + row.file) << row.switches;
+        EXPECT_EQ(read_file(row.directory + item), marker + "#multiline\n" + row.file) << row.switches;
     }
 }
 
@@ -91,6 +99,18 @@ TEST_F(JsonDocuments, OfSeveralItemsAreOneOfTheFirst)
         {"zelm_outctl -c status -o b --json --json-out '{'", 1, "Driver x11 process is stopped\n", ""},
         {"rm -r /mnt/main/tv/routing; zelm_routectl -c list --json", 1, "{}\n", ""},
     });
+}
+
+// Whatever can't be read falls back silently, but for these two.
+TEST_F(JsonDocuments, OfABadAspectRatioOrMeterEndTheListing)
+{
+    for (const std::string bad :
+        {"video aspect ratio=16:9:1", "video aspect ratio=16", "audio meter=-12.5,"}) {
+        write_file(CHANNELS + "channel1", bad + "\n");
+        const Outcome outcome = sh("exec zelm_chctl -c list -o channel1 --json");
+        EXPECT_EQ(outcome.status, 134) << bad;
+        EXPECT_EQ(outcome.out, "") << bad;
+    }
 }
 
 }  // namespace

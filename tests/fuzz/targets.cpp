@@ -18,10 +18,10 @@
 
 namespace {
 
-constexpr const char* DRIVERS[] = {"", "x11", "drmkms", "fbdev", "alsa", "oss", "pulseaudio",
-    "blackmagic_decklink_sdi", "schedule_push", "internet_mpeg", "shoutcast", "blackmagic_videohub",
-    "knox_rs16x16hb", "knox_rs8x8hb", "knox_rsii", "sierra_video_aspen_hdsdi", "trigger_rs232",
-    "video_passthru", "video_passthru_v2"};
+constexpr const char* DRIVERS[] = {
+#define DRIVER(word, kind, table, Emitter, Consumer) #word,
+#include "schema/drivers.def"
+};
 
 std::string rewritten(std::string_view settings)
 {
