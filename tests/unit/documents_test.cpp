@@ -73,9 +73,9 @@ struct Seen {
     }
 };
 
-class Document {
+class SeenDocument {
 public:
-    explicit Document(const Schema& schema)
+    explicit SeenDocument(const Schema& schema)
     {
         for_each_member(
             schema.rows, [this](const std::string& path, const std::string& key, const MemberFace& face) {
@@ -107,7 +107,7 @@ public:
         std::string order;
         for (const auto& [key, value] : m_read.front())
             order += key + ";";
-        all.push_back({"(order of the settings)", order});
+        all.push_back({"", "the order of the settings: " + order + "\n"});
         return all;
     }
 
@@ -139,11 +139,11 @@ private:
 
     std::string text_of(const Member& member) const
     {
-        std::string text = member.path + " = " + member.key;
+        std::string text = member.path + " of \"" + member.key + "\", written:";
         for (const Json& document : m_written)
             if (const Json* const json = member.is_written ? member_at(&document, member.path) : nullptr)
                 text += " " + json->dump();
-        text += " <";
+        text += ", read:";
         for (const SettingValues& settings : m_read)
             for (const auto& [key, value] : settings)
                 text += member.is_read && key == member.key ? " " + value : "";
@@ -179,13 +179,13 @@ TEST(Documents, HaveTheMembersThatFrontEndsKnow)
         std::vector<std::string> digests;
         std::string entry = driver + ":", others;
         std::size_t width = entry.size();
-        for (const Seen& seen : Document(schema).seen()) {
+        for (const Seen& seen : SeenDocument(schema).seen()) {
             digests.push_back(seen.digest());
             entry += (width > 110 ? "\n    " : " ") + digests.back();
             width = width > 110 ? 7 : width + 4;
             if (std::find(expected.begin(), expected.end(), digests.back()) == expected.end() &&
                 others.size() < 2000)
-                others += seen.path + ":\n" + seen.text;
+                others += seen.text;
         }
         EXPECT_TRUE(digests == expected) << driver << " has other members now, or others in another order:\n"
                                          << others << entry;
