@@ -59,6 +59,9 @@ MEMBERS = [
 ]
 # One is stored twice, and the key of the other ends in a "=": what is stored of them is not what was given.
 TWOFOLD = {"audio.normalizer.enable", "audio.normalizer.passes.1.upper"}
+# How many members of each document only tell something.
+READ_ONLY = {"alsa": 5, "blackmagic_decklink_sdi": 5, "channel": 61, "drmkms": 7, "fbdev": 5, "internet_mpeg": 29, "oss": 3,
+             "pulseaudio": 3, "schedule_push": 4, "shoutcast": 10, "video_passthru": 11, "video_passthru_v2": 11, "x11": 8}
 
 
 def output_of(*command):
@@ -131,7 +134,11 @@ def check(tool, directory, program, driver):
     for key in re.findall(r"^\t[^<.\n]?\t(.*?)=.*\n(?!\.desc=)", listing, re.M):
         print(f"{driver} has no description of {key}")
     documents.append(document())
-    validator = Draft202012Validator(schema_of(driver))
+    schema = schema_of(driver)
+    read_only = json.dumps(schema).count('"readOnly": true')
+    if read_only != READ_ONLY.get(driver, 0):
+        print(f"{driver} has {read_only} members that only tell something")
+    validator = Draft202012Validator(schema)
     for errors in (validator.iter_errors(form) for whole in documents for form in (whole, with_nulls(whole))):
         for error in errors:
             print(driver, list(error.path), error.message)

@@ -51,6 +51,7 @@ TEST(Packet, ReplyComesBackAsItWasWritten)
     EXPECT_EQ(bytes[0x61] | bytes[0x62] << 8, 3);
     const std::uint32_t table = load(bytes, 0x63);
     ASSERT_EQ(table + 3 * 16, bytes.size());
+    EXPECT_EQ(load(bytes, table), 0x67U);
     EXPECT_STREQ(reinterpret_cast<const char*>(&bytes[load(bytes, table)]), "*title");
     EXPECT_STREQ(reinterpret_cast<const char*>(&bytes[load(bytes, table + 4)]), "One");
 }

@@ -59,6 +59,7 @@ TEST(CommSocket, ReplySentBeforeHangingUpIsStillRead)
     const Descriptor listener = listen_at(directory / "s");
     const CommSocket client(comm_socket_v4_create());
     ASSERT_EQ(comm_socket_v4_connect_to(client.get(), (directory / "s").c_str()), 0);
+    EXPECT_EQ(comm_socket_v4_idle(client.get()), 0) << "nothing has come yet";
     Descriptor server(::accept(listener.get(), nullptr, nullptr));
     packet::Writer writer;
     writer.begin("report", packet::FLAG_EVENT, 42);
