@@ -151,6 +151,29 @@ Mount::~Mount()
         sh("umount -l '" + m_where + "'");
 }
 
+bool HeldRun::is_possible()
+{
+    return sh("strace -o /dev/null true").status == 0;
+}
+
+// The signal comes when the call has been made. A search for leaks isn't possible in what is traced.
+HeldRun::HeldRun(const std::string& call, const std::string& command_line)
+{
+    sh("rm -f /run/held.*; ASAN_OPTIONS=detect_leaks=0 strace -qq -o /run/held.trace --inject=" + call +
+        ":signal=SIGSTOP:when=1 sh -c 'echo $$ >/run/held.pid; exec " + command_line +
+        "' >/run/held.out 2>&1 & echo $! >/run/held.strace");
+    EXPECT_TRUE(eventually([] {
+        return read_file("/run/held.trace").find("--- stopped by SIGSTOP") != std::string::npos;
+    })) << command_line;
+}
+
+std::string HeldRun::end()
+{
+    sh("kill -CONT $(cat /run/held.pid)");
+    EXPECT_TRUE(eventually([] { return sh("test -e /proc/$(cat /run/held.strace)").status != 0; }));
+    return read_file("/run/held.out");
+}
+
 Descriptor socket_at(const std::string& path)
 {
     Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));

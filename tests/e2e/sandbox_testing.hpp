@@ -58,6 +58,15 @@ private:
     bool m_mounted;
 };
 
+// A command line whose process is held behind the first system call of this name, until it may go on.
+class HeldRun {
+public:
+    static bool is_possible();  // whether processes can be traced here
+
+    HeldRun(const std::string& call, const std::string& command_line);
+    std::string end();  // lets it go on to its end: all that it said
+};
+
 // A socket of the kind that drivers serve, bound there and not listening yet.
 Descriptor socket_at(const std::string& path);
 
