@@ -44,7 +44,7 @@ void Driver::serve()
 // The signals, the listener, then the clients in their order.
 std::vector<pollfd> Driver::waited_for() const
 {
-    const bool accepts = m_clients.size() < CLIENT_LIMIT && !Misbehaviour(m_state.settings).no_accept;
+    const bool accepts = !Misbehaviour(m_state.settings).no_accept;
     std::vector<pollfd> waited;
     waited.reserve(2 + m_clients.size());
     waited.push_back({m_signals.get(), POLLIN, 0});
@@ -70,13 +70,18 @@ std::uint64_t Driver::next_due_us() const
     return due;
 }
 
+// Where there are as many as can be, the one that has been silent longest makes room.
 void Driver::accept_clients()
 {
-    while (m_clients.size() < CLIENT_LIMIT) {
+    for (int i = 0; i < BACKLOG; ++i) {
         Descriptor accepted(::accept4(m_socket.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!accepted)
             return;
-        m_clients.push_back({.socket = std::move(accepted), .outgoing = {}});
+        if (m_clients.size() == CLIENT_LIMIT)
+            m_clients.erase(std::min_element(m_clients.begin(), m_clients.end(),
+                [](const Client& one, const Client& other) { return one.heard_us < other.heard_us; }));
+        m_clients.push_back(
+            {.socket = std::move(accepted), .outgoing = {}, .heard_us = monotonic_clock_us()});
     }
 }
 
@@ -91,6 +96,7 @@ void Driver::receive_requests(Client& client)
         }
         if (client.hang_up)
             continue;
+        client.heard_us = monotonic_clock_us();
         Answer answer = answer_request(m_state, request);
         const std::uint64_t due = monotonic_clock_us() + answer.delay_ms * 1000;
         for (std::vector<unsigned char>& bytes : answer.packets)

@@ -28,6 +28,7 @@ private:
     struct Client {
         Descriptor socket;
         std::deque<Outgoing> outgoing;
+        std::uint64_t heard_us;
         bool hang_up = false;  // once everything is sent
         bool gone = false;
     };

@@ -7,6 +7,8 @@ that are too long for a metadir or for a socket's address are left out here.
 import contextlib, errno, fcntl, os, re, signal, socket, struct, sys, threading, time
 
 HEADER = struct.Struct("<4sIQB80sHI")  # magic, length, sequence, flags, command, count and offset of the entries
+CLIENT_LIMIT = 256
+heard = {}  # of each client: when
 status = {b"active": b"1", b"title": b"untitled"}
 
 def reply(sequence, command, lines):
@@ -19,8 +21,9 @@ def reply(sequence, command, lines):
     return HEADER.pack(b"TVP4", end + len(table), sequence, 0, command, len(lines), end) + texts + table
 
 def talk(client):  # in a thread of its own, so that whatever is wrong with a request ends this connection alone
-    with client:
+    try:
         while packet := client.recv(1 << 20):
+            heard[client] = time.monotonic()
             _, _, sequence, flags, command, count, table = HEADER.unpack_from(packet)
             if flags & 1:
                 values = [struct.unpack_from("<4xI", packet, table + 16 * entry)[0] for entry in range(count)]
@@ -28,13 +31,27 @@ def talk(client):  # in a thread of its own, so that whatever is wrong with a re
                 if command == b"set" and values[0] == b"title":
                     status[b"title"] = values[1] or b"untitled"  # an empty value removes the setting
                 client.send(reply(sequence, command, status if command == b"report" else {}))
+    finally:
+        heard.pop(client, None)
+        client.close()
+
+def hang_up_longest_silent():
+    for client, _ in sorted(heard.copy().items(), key=lambda item: item[1])[:1]:
+        heard.pop(client, None)
+        with contextlib.suppress(OSError):  # it has gone by itself
+            client.shutdown(socket.SHUT_RDWR)
 
 def accept(listener):
     while True:
         try:
-            threading.Thread(target=talk, args=listener.accept()[:1], daemon=True).start()
-        except (OSError, RuntimeError):
-            time.sleep(0.1)  # no descriptor or thread is left for this client
+            client = listener.accept()[0]
+            heard[client] = time.monotonic()
+            threading.Thread(target=talk, args=[client], daemon=True).start()
+            if len(heard) > CLIENT_LIMIT:
+                hang_up_longest_silent()
+        except (OSError, RuntimeError):  # no descriptor or thread is left
+            hang_up_longest_silent()
+            time.sleep(0.1)
 
 def listen(metadir, entry):  # drivers that come up at once do it one after the other
     os.makedirs(metadir, exist_ok=True)

@@ -49,7 +49,8 @@ public:
     int descriptor() const;
 
     // Accepts and answers what is there, and waits for nobody: a client that doesn't fetch its replies is
-    // hung up on.
+    // hung up on, and so is the one that has been silent longest where more than 256 are connected, or more
+    // than the process may have open.
     void answer(Item& item);
 
 private:

@@ -1,8 +1,12 @@
 #include "zelm_driver/item_socket.hpp"
 
+#include <array>
 #include <cerrno>
+#include <climits>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -14,13 +18,20 @@
 namespace zelm_driver {
 namespace {
 
-constexpr char SHORT_PATHS[] = "/run/item-sockets";
+constexpr char SHORT_PATHS[] = "/run/item-sockets/";
+constexpr int NAME_TRIES = 100;
 constexpr int LOCK_TRIES = 200;
 constexpr useconds_t LOCK_INTERVAL_US = 10000;
 
-bool remove_entry(const std::string& path)
+// What a dead driver has left, and the short path to which it leads, if it is a link to one.
+bool remove_entry(const std::string& entry)
 {
-    return ::unlink(path.c_str()) == 0 || errno == ENOENT;
+    std::array<char, PATH_MAX> target{};
+    const ssize_t length = ::readlink(entry.c_str(), target.data(), target.size() - 1);
+    const std::string_view leads_to(target.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
+    if (leads_to.starts_with(SHORT_PATHS) && leads_to.rfind('/') == std::string_view(SHORT_PATHS).size() - 1)
+        ::unlink(target.data());
+    return ::unlink(entry.c_str()) == 0 || errno == ENOENT;
 }
 
 // Drivers that come up at once look and bind one after the other. The wait is bounded, since anybody who may
@@ -47,8 +58,18 @@ bool is_served(const std::string& entry)
 bool bind_at(int socket, const std::string& path)
 {
     SocketAddress at;
-    return remove_entry(path) && at.set(path) &&
-           ::bind(socket, reinterpret_cast<const sockaddr*>(&at.address), at.length) == 0;
+    return at.set(path) && ::bind(socket, reinterpret_cast<const sockaddr*>(&at.address), at.length) == 0;
+}
+
+// A path that nobody can take beforehand, though anybody may make files there. Empty with errno set.
+std::string unforeseen_path()
+{
+    std::uint64_t number = 0;
+    if (::getrandom(&number, sizeof number, 0) != sizeof number)
+        return {};
+    std::array<char, 2 * sizeof number + 1> name{};
+    std::snprintf(name.data(), name.size(), "%016llx", static_cast<unsigned long long>(number));
+    return std::string(SHORT_PATHS) + name.data();
 }
 
 }  // namespace
@@ -60,9 +81,14 @@ struct ItemSocket::Parts {
     {
         if (::mkdir(SHORT_PATHS, 01777) == 0)
             ::chmod(SHORT_PATHS, 01777);
-        target = std::string(SHORT_PATHS) + "/" + std::to_string(::getpid()) + "." +
-                 std::to_string(listener.get());
-        return bind_at(listener.get(), target) && ::symlink(target.c_str(), path.c_str()) == 0;
+        for (int tries = 0; target.empty() && tries < NAME_TRIES; ++tries) {
+            const std::string chosen = unforeseen_path();
+            if (bind_at(listener.get(), chosen))
+                target = chosen;
+            else if (errno != EADDRINUSE)
+                return false;
+        }
+        return !target.empty() && ::symlink(target.c_str(), path.c_str()) == 0;
     }
 
     Descriptor listener;

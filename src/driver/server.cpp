@@ -1,5 +1,6 @@
 #include "zelm_driver/server.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
@@ -22,7 +23,8 @@ namespace {
 
 constexpr int BACKLOG = 128;
 constexpr std::size_t CLIENT_LIMIT = 256;
-constexpr std::size_t EVENTS_AT_ONCE = 64;
+// All clients and the listener: whoever has asked is answered before anybody is taken for idle.
+constexpr std::size_t EVENTS_AT_ONCE = CLIENT_LIMIT + 1;
 
 class PackedReport : public Report {
 public:
@@ -90,30 +92,70 @@ std::string metadir_of_item(const std::string& settings_path)
 }  // namespace
 
 struct Server::Parts {
-    bool watch(int descriptor, std::uint32_t events) const
+    struct Client {
+        Descriptor connection;
+        std::uint64_t heard = 0;  // when, as a number that grows
+    };
+
+    bool watch(int descriptor, std::uint32_t events, int operation = EPOLL_CTL_ADD) const
     {
         epoll_event event{};
         event.events = events;
         event.data.fd = descriptor;
-        return ::epoll_ctl(watched.get(), EPOLL_CTL_ADD, descriptor, &event) == 0;
+        return ::epoll_ctl(watched.get(), operation, descriptor, &event) == 0;
     }
 
-    // What stays in the backlog is tried again when a client has come or gone.
+    // Told only of each arrival: a backlog that has to wait would keep the loop busy.
+    bool watch_arrivals(int operation) const { return watch(socket.get(), EPOLLIN | EPOLLET, operation); }
+
+    void answer_client(int descriptor, Item& item)
+    {
+        const auto client = clients.find(descriptor);
+        if (client == clients.end())
+            return;
+        client->second.heard = ++now;
+        if (!serve_client(descriptor, item))
+            clients.erase(client);
+    }
+
+    bool accept_client()
+    {
+        Descriptor client(::accept4(socket.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+        if (!client)
+            return errno == EINTR || errno == ECONNABORTED || (errno == EMFILE && make_room(1));
+        make_room(CLIENT_LIMIT);
+        const int descriptor = client.get();
+        if (watch(descriptor, EPOLLIN))
+            clients.emplace(descriptor, Client{std::move(client), ++now});
+        return true;
+    }
+
+    // Where there are so many, the one that has been silent longest goes, or nobody else would ever get in.
+    bool make_room(std::size_t limit)
+    {
+        if (clients.size() < limit)
+            return false;
+        const auto heard_before = [](const auto& one, const auto& other) {
+            return one.second.heard < other.second.heard;
+        };
+        clients.erase(std::min_element(clients.begin(), clients.end(), heard_before));
+        return true;
+    }
+
+    // So many at a time that none goes before it was answered once. What has to stay in the backlog is tried
+    // again with the next event.
     void accept_clients()
     {
-        while (clients.size() < CLIENT_LIMIT) {
-            Descriptor client(::accept4(socket.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-            if (!client && errno != EINTR && errno != ECONNABORTED)
+        for (int i = 0; i < BACKLOG; ++i)
+            if (!accept_client())
                 return;
-            const int descriptor = client.get();
-            if (client && watch(descriptor, EPOLLIN))
-                clients.emplace(descriptor, std::move(client));
-        }
+        watch_arrivals(EPOLL_CTL_MOD);
     }
 
     ItemSocket socket;
     Descriptor watched;
-    std::map<int, Descriptor> clients;
+    std::map<int, Client> clients;
+    std::uint64_t now = 0;
 };
 
 Server::Server() : m_parts(std::make_unique<Parts>()) {}
@@ -126,9 +168,8 @@ bool Server::open(const std::string& settings_path)
     if (metadir.empty() || mkdir_p(metadir.c_str(), 0777, -1) != 0)
         return false;
     m_parts->watched.reset(::epoll_create1(EPOLL_CLOEXEC));
-    // Told only of each arrival: a backlog that has to wait would keep the loop busy.
     return m_parts->watched && m_parts->socket.listen(metadir, BACKLOG) &&
-           m_parts->watch(m_parts->socket.get(), EPOLLIN | EPOLLET);
+           m_parts->watch_arrivals(EPOLL_CTL_ADD);
 }
 
 int Server::descriptor() const
@@ -140,11 +181,8 @@ void Server::answer(Item& item)
 {
     std::array<epoll_event, EVENTS_AT_ONCE> events{};
     const int count = ::epoll_wait(descriptor(), events.data(), static_cast<int>(events.size()), 0);
-    for (int i = 0; i < count; ++i) {
-        const auto client = m_parts->clients.find(events[static_cast<std::size_t>(i)].data.fd);
-        if (client != m_parts->clients.end() && !serve_client(client->first, item))
-            m_parts->clients.erase(client);
-    }
+    for (int i = 0; i < count; ++i)
+        m_parts->answer_client(events[static_cast<std::size_t>(i)].data.fd, item);
     m_parts->accept_clients();
 }
 

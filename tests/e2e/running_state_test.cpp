@@ -135,4 +135,25 @@ TEST_F(RunningState, ItemsOfAnyNameAreFoundAndAsked)
     }
 }
 
+TEST_F(RunningState, NobodyTakesTheShortPathOfALongNameBeforehand)
+{
+    const std::string name(150, 'n');
+    write_file(OUTPUTS + name, "driver=x11\n");
+    // The first path is taken, whatever it is.
+    sh("strace -qq -o /dev/null --inject=bind:error=EADDRINUSE:when=1 /usr/bin/zelm_out_x11 --file " +
+        OUTPUTS + name + " >/run/out 2>&1 &");
+    EXPECT_TRUE(eventually([&] { return sh("zelm_outctl -c status -o " + name).status == 0; }) ||
+                !HeldRun::is_possible())
+        << read_file("/run/out");
+    if (!has_other_users())
+        GTEST_SKIP() << "there are no other users here";
+    output_of("zelm_outctl -c stop -o " + name);
+    EXPECT_EQ(output_of("ls /run/item-sockets"), "");
+    write_file("/run/plant",
+        "cd /run/item-sockets; read last </proc/sys/kernel/ns_last_pid; for i in {1..200}; do for fd in {3..9}; do "
+        "echo $((last + i)).$fd; done; done | xargs touch\n");
+    output_of(AS_NOBODY + "bash /run/plant; cd " + OUTPUTS + "; chown 1234 * .*.metadir");
+    start("zelm_outctl", name);
+}
+
 }  // namespace

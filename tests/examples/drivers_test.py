@@ -51,6 +51,7 @@ def by_pkg_config():
 def bother(packets):
     """A client that sends as much as is taken, and reads nothing."""
     client = socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET)
+    client.setsockopt(socket.SOL_SOCKET, socket.SO_SNDTIMEO, struct.pack("ll", 10, 0))
     client.connect(ENTRY)
     client.setblocking(False)
     with contextlib.suppress(BlockingIOError, BrokenPipeError, ConnectionResetError):
@@ -61,6 +62,23 @@ def bother(packets):
 
 def request(word, count=0, table=0x67):
     return struct.pack("<4sIQB80sHI", b"TVP4", 0x67, 1, 1, word, count, table)
+
+
+def answers(client):
+    client.settimeout(10)
+    client.send(request(b"report"))
+    return client.recv(1 << 20)
+
+
+def crowd():
+    """More clients than the driver serves: who is silent goes, and who is not stays."""
+    talks = bother([])
+    silent = [bother([]) for _ in range(255)]
+    assert answers(talks)
+    silent += [bother([]) for _ in range(20)]
+    silent[0].settimeout(10)
+    assert silent[0].recv(1) == b"" and answers(talks) and answers(silent[-1])
+    return silent
 
 
 def check(program):
@@ -75,6 +93,8 @@ def check(program):
         [request(b"report")] * 5000)]
     assert tool("set", "--set", "title=Two", "--set", "+title=no") == ""
     assert "\t*\ttitle=Two\n" in tool("list"), f"bothered by one of {clients}"
+    clients += crowd()
+    assert "\t*\ttitle=Two\n" in tool("list"), f"kept out by {len(clients)} clients"
     second = subprocess.run([program, "--file", "/mnt/main/tv/outputs/x y"], stderr=subprocess.PIPE, text=True, timeout=30)
     assert second.returncode == 1 and second.stderr.count("\n") == 1 and "=Two" in tool("list"), second
     tool("stop")
@@ -85,5 +105,7 @@ def check(program):
 WORK.mkdir()
 os.environ.update(HOME=str(WORK), TMPDIR=str(WORK))
 tool("create")
-for driver in [sys.argv[2]] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]:
+simulated = PROGRAM.resolve()
+built = [sys.argv[2]] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]
+for driver in [simulated, *built]:
     check(driver)
