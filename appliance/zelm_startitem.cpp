@@ -42,11 +42,6 @@ Arguments read_arguments(int argc, const char* const* argv)
     return arguments;
 }
 
-bool write_whole(int fd, std::string_view text)
-{
-    return ::write(fd, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-}
-
 // With the descriptors that it was handed, of which there should be none but the standard ones.
 void log_call(int argc, const char* const* argv)
 {

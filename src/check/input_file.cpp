@@ -8,17 +8,6 @@
 
 namespace {
 
-bool write_whole(int file, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t put = TEMP_FAILURE_RETRY(::write(file, bytes.data(), bytes.size()));
-        if (put < 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
-}
-
 // A file without a name, of what comes from the pipe.
 Descriptor copy_of(int pipe)
 {
@@ -52,17 +41,7 @@ Descriptor open_input(const std::string& name)
 std::optional<std::string> contents_of(int file)
 {
     std::string bytes;
-    char block[16384];
-    for (;;) {
-        const ssize_t got = TEMP_FAILURE_RETRY(::read(file, block, sizeof block));
-        if (got < 0)
-            return std::nullopt;
-        if (got == 0)
-            return bytes;
-        bytes.append(block, static_cast<std::size_t>(got));
-        if (bytes.size() > static_cast<std::size_t>(INPUT_LIMIT)) {
-            errno = EFBIG;
-            return std::nullopt;
-        }
-    }
+    if (!read_to_end(file, INPUT_LIMIT, bytes))
+        return std::nullopt;
+    return bytes;
 }

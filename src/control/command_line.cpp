@@ -1,5 +1,6 @@
 #include "control/command_line.hpp"
 
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
@@ -19,7 +20,7 @@ struct Scan {
     bool is_refused = false;  // which has been said
 };
 
-// A file that can't be opened counts as no document at all.
+// A file that can't be opened counts as no document at all, and one that can't be read ends there.
 void read_document(Scan& scan, const char* name)
 {
     scan.json_text.clear();
@@ -29,7 +30,7 @@ void read_document(Scan& scan, const char* name)
         file.reset(::open(name, O_RDONLY | O_CLOEXEC));
         fd = file.get();
     }
-    if (fd < 0 || read_to_end(fd, DOCUMENT_LIMIT, scan.json_text))
+    if (fd < 0 || read_to_end(fd, DOCUMENT_LIMIT, scan.json_text) || errno != EFBIG)
         return;
     std::fprintf(stderr_write, "--json-from %s has more than 16 MiB\n", name);
     scan.is_refused = true;

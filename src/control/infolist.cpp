@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cassert>
-#include <cerrno>
 #include <cstdlib>
-#include <unistd.h>
 #include <vector>
 
 #include "control/items/item_directory.hpp"
@@ -65,21 +63,6 @@ private:
     std::string m_lines;  // the last setting's value, if it has several
 };
 
-// The file from where it stands to its end, or to a read error. A regular file gives less than it is asked
-// for at its end alone.
-std::string rest_of(int file)
-{
-    std::string text;
-    char buffer[16384];
-    ssize_t got = -1;
-    do {
-        got = ::read(file, buffer, sizeof buffer);
-        if (got > 0)
-            text.append(buffer, static_cast<std::size_t>(got));
-    } while (got == static_cast<ssize_t>(sizeof buffer) || (got < 0 && errno == EINTR));
-    return text;
-}
-
 }  // namespace
 
 int infolist_load(InfoList& list, const std::string& filename)
@@ -97,7 +80,9 @@ int infolist_load(InfoList& list, const std::string& filename)
 
 void load_infolist_from_file(InfoList& list, int file)
 {
-    std::string_view text = list.keep(rest_of(file));
+    std::string& kept = list.keep({});
+    read_file_to_end(file, SETTINGS_LIMIT, kept);
+    std::string_view text = kept;
     if (role_of_run().driver_source == DriverSource::MARKER_LINE && text.starts_with("#!"))
         take_marker_line(list, cut_line(text));
     CollectedSettings collected(list);

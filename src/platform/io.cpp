@@ -63,16 +63,44 @@ int lock_exclusively(int fd)
     return static_cast<int>(TEMP_FAILURE_RETRY(::flock(fd, LOCK_EX)));
 }
 
-bool read_to_end(int fd, std::size_t limit, std::string& text)
+namespace {
+
+bool read_blocks(int fd, std::size_t limit, bool ends_short, std::string& text)
 {
     char block[std::size_t{64} * 1024];
     while (text.size() <= limit) {
         const ssize_t got = TEMP_FAILURE_RETRY(::read(fd, block, sizeof block));
         if (got <= 0)
-            return true;
+            return got == 0;
         text.append(block, static_cast<std::size_t>(got));
+        if (ends_short && static_cast<std::size_t>(got) < sizeof block)
+            return true;
     }
+    errno = EFBIG;
     return false;
+}
+
+}  // namespace
+
+bool read_to_end(int fd, std::size_t limit, std::string& text)
+{
+    return read_blocks(fd, limit, false, text);
+}
+
+bool read_file_to_end(int file, std::size_t limit, std::string& text)
+{
+    return read_blocks(file, limit, true, text);
+}
+
+bool write_whole(int fd, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t put = TEMP_FAILURE_RETRY(::write(fd, bytes.data(), bytes.size()));
+        if (put < 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(put));
+    }
+    return true;
 }
 
 std::string_view cut_line(std::string_view& text)

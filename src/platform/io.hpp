@@ -52,9 +52,15 @@ bool flush_directory(int directory);
 // flock(2), waiting as long as it takes. 0 on success, -1 with errno set.
 int lock_exclusively(int fd);
 
-// Adds to the text all that the descriptor gives from where it stands; what can't be read counts as its end.
-// False if that makes the text longer than `limit` bytes, and then no more of it is read.
+// Adds to the text all that the descriptor gives from where it stands. False with errno set when that makes the
+// text longer than `limit` bytes, EFBIG, and on a read error; what came before has then been added.
 bool read_to_end(int fd, std::size_t limit, std::string& text);
+
+// The same of a regular file, with a call of the kernel less: only its end gives less than is asked for.
+bool read_file_to_end(int file, std::size_t limit, std::string& text);
+
+// Writes all of the bytes. False with errno set.
+bool write_whole(int fd, std::string_view bytes);
 
 // Reads a file line by line, each line at most 1022 bytes: a longer one comes in pieces, and each piece
 // counts as a line of its own. Any byte but the line feed may stand in a line.

@@ -4,9 +4,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <string_view>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include "control/commands/input_metadata.hpp"
 #include "control/commands/item_checks.hpp"
@@ -44,17 +42,6 @@ bool complain_of_new_file()
     else
         std::fprintf(stdout_write, "Failed to create input, %s\n", std::strerror(errno));
     return false;
-}
-
-bool write_whole(int file, std::string_view text)
-{
-    while (!text.empty()) {
-        const ssize_t put = TEMP_FAILURE_RETRY(::write(file, text.data(), text.size()));
-        if (put < 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(put));
-    }
-    return true;
 }
 
 // A new file that holds the text. It has no name until it is whole.

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr std::int64_t SETTINGS_LIMIT = std::int64_t{64} << 20;  // far beyond any item, and soon read
-
 bool is_regular(DIR* directory, const dirent& entry)
 {
     if (entry.d_type != DT_UNKNOWN)

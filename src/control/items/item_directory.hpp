@@ -10,6 +10,8 @@
 #include "control/items/role.hpp"
 #include "platform/io.hpp"
 
+constexpr std::size_t SETTINGS_LIMIT = std::size_t{64} << 20;  // far beyond any item, and soon read
+
 constexpr mode_t NEW_SETTINGS_MODE = 0644;  // less the umask
 
 // The settings file of an item in that directory.
@@ -25,5 +27,5 @@ Descriptor open_item_directory(const std::string& path, int access = O_RDONLY);
 std::optional<std::vector<std::string>> read_item_names(DIR* directory, const Role& role);
 
 // Opens a settings file for reading. A neighbour may have put anything under its name: links are not
-// followed, and only a file of at most 64 MiB is taken. None with errno set otherwise.
+// followed, and only a file of at most SETTINGS_LIMIT bytes is taken. None with errno set otherwise.
 Descriptor open_settings(int directory, const std::string& name);
