@@ -147,7 +147,8 @@ TEST_F(ItemFiles, ACloneThatHasNoRoomLeavesNothing)
 TEST_P(ItemFilesOfEachRole, ARenamedItemKeepsItsContentsOwnerModeAndMetadir)
 {
     write_file(role.directory + "one", "driver=x11\n\xff");
-    sh(in_directory + "chmod 640 one; chown 1234:1235 one; mkdir .one.metadir; touch .one.metadir/extra");
+    sh(in_directory +
+        "touch .one.tmpup; chmod 640 one; chown 1234:1235 one; mkdir .one.metadir; touch .one.metadir/extra");
     const std::string before = stat("%a %u %g %Y %i", role.directory + "one");
     EXPECT_EQ(output_of(role.tool + " -c rename -o one" + to_other), "");
     EXPECT_EQ(stat("%a %u %g %Y %i", other_file), before);
@@ -176,8 +177,8 @@ TEST_P(ItemFilesOfEachRole, ADeletedItemTakesItsMetadirAlongUnlessThatHoldsMore)
     const std::string warning = "WARNING: failed to remove metadir for a, ";
     expect_all({
         {in_directory +
-                "touch a; mkdir .a.metadir; cd .a.metadir; touch metadata pcn-schedule.xml "
-                "current.channel.info .media.item.active.socket; " +
+                "touch a .a.tmpup; mkdir .a.metadir; cd .a.metadir; touch metadata pcn-schedule.xml "
+                "current.channel.info .media.item.active.socket .tmpup; " +
                 remove_a,
             0, "", ""},
         {in_directory + "touch a; mkdir .a.metadir; touch .a.metadir/metadata .a.metadir/extra; " + remove_a +

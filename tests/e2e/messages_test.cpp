@@ -230,7 +230,7 @@ TEST_F(Messages, OfCreate)
         {1, "Error: Already exists\n", ""});
     expect_all({
         {"zelm_chctl -c create -o ch7", 1, CHANNEL_NAME_ERROR, CHANNEL_NAME_HELP},
-        {"zelm_routectl -c create -o .b.metadir", 1, METADIR_NAME_ERROR, ""},
+        {"zelm_routectl -c create -o .b.tmpup", 1, "Error: .b.tmpup is the name of a temporary file\n", ""},
         {"zelm_outctl -c create -o " + TOO_LONG_NAME, 1, "Failed to create input, File name too long\n", ""},
         {"rm -r /mnt/main/tv; ln -s /run/nowhere /mnt/main/tv; zelm_chctl -c create -o channel1", 1,
             "Failed to create dir, No such file or directory\n", ""},

@@ -279,6 +279,10 @@ TEST_F(Settings, WhatADeadRunLeftIsNoObstacle)
         {"ln -s ../a .tmpup", "", "#multiline\nb=2\na=1\n"},
         {"ln ../a .tmpup", "", "#multiline\nb=2\na=1\n"},
         {"mkdir .tmpup", "Unable to create temp\n", "b=2\n"},
+        {"printf stale=1 >../.a.tmpup; chmod 000 ../.a.tmpup", "", "#multiline\nb=2\na=1\n"},
+        {"ln -s /run/victim ../.a.tmpup", "", "#multiline\nb=2\na=1\n"},
+        {"ln ../a ../.a.tmpup", "", "#multiline\nb=2\na=1\n"},
+        {"mkdir ../.a.tmpup", "Unable to replace /mnt/main/tv/outputs/a, Is a directory\n", "b=2\n"},
     };
     write_file("/run/victim", "mine");
     for (const auto& row : ROWS) {
@@ -286,7 +290,8 @@ TEST_F(Settings, WhatADeadRunLeftIsNoObstacle)
         leave_in_metadir(row.left);
         expect_all({{"zelm_outctl -c set -o a --set a=1", 0, "", row.message}});
         EXPECT_EQ(read_file(FILE_A), row.result) << row.left;
-        EXPECT_EQ(output_of("cd " + METADIR_A + "; find . -name .tmpup ! -type d"), "") << row.left;
+        EXPECT_EQ(output_of("cd " + METADIR_A + "; find .. -name '*.tmpup' ! -type d; rm -rf .tmpup"), "")
+            << row.left;
         EXPECT_EQ(output_of("stat -c '%F %h' " + FILE_A), "regular file 1\n") << row.left;
     }
     EXPECT_EQ(read_file("/run/victim"), "mine");

@@ -44,7 +44,7 @@ bool copy_settings_or_complain(int directory)
         std::fprintf(stderr_write, "Cannot open source file, %s\n", std::strerror(errno));
         return false;
     }
-    WholeFile target(directory, to_arg, NEW_SETTINGS_MODE);
+    WholeFile target(directory, NEW_SETTINGS_MODE);
     if (!target) {
         std::fprintf(stderr_write, "Cannot open target file, %s\n", std::strerror(errno));
         return false;
@@ -55,7 +55,7 @@ bool copy_settings_or_complain(int directory)
         std::fprintf(stderr_write, "Error writing dest, %s\n", std::strerror(errno));
         return false;
     }
-    if (!target.publish(to_arg)) {
+    if (!target.publish(directory, to_arg)) {
         std::fprintf(stderr_write, "Cannot open target file, %s\n", std::strerror(errno));
         return false;
     }

@@ -55,8 +55,8 @@ bool make_settings_file_or_complain(const std::string& name, const std::string& 
         errno = EEXIST;
         return complain_of_new_file();
     }
-    WholeFile file(directory.get(), name, NEW_SETTINGS_MODE);
-    if (!file || !write_whole(file.get(), text) || !file.flush() || !file.publish(name))
+    WholeFile file(directory.get(), NEW_SETTINGS_MODE);
+    if (!file || !write_whole(file.get(), text) || !file.flush() || !file.publish(directory.get(), name))
         return complain_of_new_file();
     flush_items_or_complain(directory.get());
     return true;

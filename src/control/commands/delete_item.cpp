@@ -9,6 +9,7 @@
 #include "control/items/item_directory.hpp"
 #include "control/items/item_names.hpp"
 #include "control/items/metadir.hpp"
+#include "control/items/replacement_file.hpp"
 #include "control/run_state.hpp"
 
 int do_delete()
@@ -28,6 +29,7 @@ int do_delete()
     if (!metadir.empty() && !remove_metadir(directory.get(), metadir) && errno != ENOENT)
         std::fprintf(stderr_write, "WARNING: failed to remove metadir for %s, %s\n", to_what.c_str(),
             std::strerror(errno));
+    remove_left_replacement(directory.get(), metadir);
     if (::unlinkat(directory.get(), to_what.c_str(), 0) != 0) {
         std::fprintf(stdout_write, "Error: Failed to remove %s, %s\n", to_what.c_str(), std::strerror(errno));
         return 1;

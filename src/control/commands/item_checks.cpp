@@ -7,6 +7,7 @@
 #include "control/commands/items_of_run.hpp"
 #include "control/items/item_names.hpp"
 #include "control/items/metadir.hpp"
+#include "control/items/replacement_file.hpp"
 #include "control/processes/running_state.hpp"
 #include "control/run_state.hpp"
 #include "control/usage.hpp"
@@ -14,16 +15,20 @@
 
 bool accept_new_name_or_complain(const std::string& name)
 {
-    if (role_of_run().kind != ItemKind::CHANNEL) {
-        if (is_metadir_name(name))
-            std::fprintf(stdout_write, "Error: %s is the name of a metadata directory\n", name.c_str());
-        return !is_metadir_name(name);
+    if (role_of_run().kind == ItemKind::CHANNEL) {
+        if (is_valid_channel_name(name))
+            return true;
+        std::fprintf(stdout_write, "Error: Channel name invalid. "
+                                   "Channel name must be 'channel' followed by a number less than 1000000\n");
+        create_channel_help();
+        return false;
     }
-    if (is_valid_channel_name(name))
+    if (is_metadir_name(name))
+        std::fprintf(stdout_write, "Error: %s is the name of a metadata directory\n", name.c_str());
+    else if (is_replacement_name(name))
+        std::fprintf(stdout_write, "Error: %s is the name of a temporary file\n", name.c_str());
+    else
         return true;
-    std::fprintf(stdout_write,
-        "Error: Channel name invalid. Channel name must be 'channel' followed by a number less than 1000000\n");
-    create_channel_help();
     return false;
 }
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <sys/stat.h>
 
-// May a new item be called so? A channel's name has a form of its own, and no item takes the name that
-// another item's metadir has or may get.
+// May a new item be called so? A channel's name has a form of its own, and no item takes a name that
+// another item's metadir, or the file that replaces its settings, has or may get.
 bool accept_new_name_or_complain(const std::string& name);
 
 bool is_free_name_or_complain(const std::string& name);

@@ -6,6 +6,7 @@
 
 #include "control/commands/item_checks.hpp"
 #include "control/items/item_directory.hpp"
+#include "control/items/replacement_file.hpp"
 #include "control/run_state.hpp"
 
 namespace {
@@ -36,6 +37,7 @@ int do_rename()
     if (!directory)
         return 0;
     move_metadir_or_complain(directory.get(), old_metadir, new_metadir);
+    remove_left_replacement(directory.get(), old_metadir);
     if (::renameat(directory.get(), to_what.c_str(), directory.get(), to_arg.c_str()) != 0) {
         std::fprintf(
             stdout_write, "Error: Failed to rename output %s, %s\n", to_what.c_str(), std::strerror(errno));

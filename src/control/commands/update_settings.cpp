@@ -75,7 +75,7 @@ bool rewrite_file(
     if (has_gone(directory, item))
         return refuse_to_replace(path);
     const Descriptor metadir = open_metadir(directory, metadir_name);
-    ReplacementFile temporary(metadir.get(), directory);
+    ReplacementFile temporary(directory, metadir.get(), metadir_name);
     if (!temporary.stream()) {
         std::fprintf(stderr_write, "Unable to create temp\n");
         return false;

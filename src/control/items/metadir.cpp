@@ -10,10 +10,8 @@ namespace {
 
 // What is known, in the order in which it is removed.
 constexpr const char* METADIR_ENTRIES[] = {
-    METADATA_ENTRY,
-    "pcn-schedule.xml",
-    "current.channel.info",
-    ACTIVE_SOCKET_ENTRY,
+    METADATA_ENTRY, "pcn-schedule.xml", "current.channel.info", ACTIVE_SOCKET_ENTRY,
+    ".tmpup",  // what a run that died left there before replacements had their name beside the item
 };
 
 }  // namespace

@@ -2,34 +2,51 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr char NAME[] = ".tmpup";
+constexpr std::string_view METADIR_SUFFIX = ".metadir";
+constexpr std::string_view SUFFIX = ".tmpup";
+constexpr char NAME_IN_METADIR[] = ".tmpup";
 
 // A live run has the name for as long as two calls take.
 constexpr int ATTEMPTS = 100;
 constexpr useconds_t BETWEEN_ATTEMPTS_US = 1000;
 
-bool is_directory(int directory, const char* name)
+// Shorter than the metadir's, so that it is a name however long the item's is.
+std::string name_beside(const std::string& metadir_name)
 {
-    struct stat state {};
-    return ::fstatat(directory, name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISDIR(state.st_mode);
+    return metadir_name.substr(0, metadir_name.size() - METADIR_SUFFIX.size()).append(SUFFIX);
 }
 
-std::string draft_name()
+// Replacements used to have their name there. What can't be removed is a directory, and in the way.
+bool remove_from_metadir(int metadir)
 {
-    return std::string(NAME) + "." + std::to_string(::getpid());
+    return ::unlinkat(metadir, NAME_IN_METADIR, 0) == 0 || errno != EISDIR;
+}
+
+bool cannot_exchange(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == EPERM || error == EOPNOTSUPP;
 }
 
 }  // namespace
 
-ReplacementFile::ReplacementFile(int metadir, int item_directory)
-    : m_metadir(metadir), m_item_directory(item_directory), m_file(metadir, draft_name(), 0666)
+bool is_replacement_name(std::string_view name)
 {
-    if (!m_file || is_directory(metadir, NAME))
+    return name.size() > SUFFIX.size() + 1 && name.starts_with('.') && name.ends_with(SUFFIX);
+}
+
+void remove_left_replacement(int item_directory, const std::string& metadir_name)
+{
+    ::unlinkat(item_directory, name_beside(metadir_name).c_str(), 0);
+}
+
+ReplacementFile::ReplacementFile(int item_directory, int metadir, const std::string& metadir_name)
+    : m_directory(item_directory), m_name(name_beside(metadir_name)), m_file(metadir, 0666)
+{
+    if (!m_file || !remove_from_metadir(metadir))
         return;
     Descriptor copy(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
     m_stream.reset(copy ? ::fdopen(copy.get(), "wb") : nullptr);
@@ -47,10 +64,10 @@ bool ReplacementFile::replace(const std::string& item)
 // Whoever has had the name for long is no live run.
 bool ReplacementFile::take_name()
 {
-    for (int attempt = 0; !m_file.publish(NAME); ++attempt) {
+    for (int attempt = 0; !m_file.publish(m_directory, m_name); ++attempt) {
         if (errno != EEXIST || attempt == 2 * ATTEMPTS)
             return false;
-        if (attempt >= ATTEMPTS && ::unlinkat(m_metadir, NAME, 0) != 0 && errno != ENOENT)
+        if (attempt >= ATTEMPTS && ::unlinkat(m_directory, m_name.c_str(), 0) != 0 && errno != ENOENT)
             return false;
         ::usleep(BETWEEN_ATTEMPTS_US);
     }
@@ -60,41 +77,29 @@ bool ReplacementFile::take_name()
 // A plain rename would bring an item back that has been deleted or renamed in the meantime.
 bool ReplacementFile::exchange(const std::string& item)
 {
-    if (::renameat2(m_metadir, NAME, m_item_directory, item.c_str(), RENAME_EXCHANGE) == 0)
+    if (swap(item))
         return remove_old(item);
-    const bool cannot_exchange = errno == EINVAL || errno == ENOSYS;
-    if (cannot_exchange && ::renameat(m_metadir, NAME, m_item_directory, item.c_str()) == 0)
+    if (cannot_exchange(errno) && ::renameat(m_directory, m_name.c_str(), m_directory, item.c_str()) == 0)
         return true;
     const int error = errno;
-    ::unlinkat(m_metadir, NAME, 0);
+    ::unlinkat(m_directory, m_name.c_str(), 0);
     errno = error;
     return false;
 }
 
-// What stood in the item's place may be a directory by now, which no set may take away, and the metadir's
-// owner may have slipped something else under the name.
+bool ReplacementFile::swap(const std::string& item) const
+{
+    return ::renameat2(m_directory, m_name.c_str(), m_directory, item.c_str(), RENAME_EXCHANGE) == 0;
+}
+
+// What stood in the item's place may be a directory by now, which no set may take away.
 bool ReplacementFile::remove_old(const std::string& item)
 {
-    int error = EPERM;
-    if (is_in_place(item)) {
-        if (::unlinkat(m_metadir, NAME, 0) == 0 || errno == ENOENT)
-            return true;
-        error = errno;
-    }
-    if (::renameat2(m_metadir, NAME, m_item_directory, item.c_str(), RENAME_EXCHANGE) == 0)
-        ::unlinkat(m_metadir, NAME, 0);
+    if (::unlinkat(m_directory, m_name.c_str(), 0) == 0 || errno == ENOENT)
+        return true;
+    const int error = errno;
+    if (swap(item))
+        ::unlinkat(m_directory, m_name.c_str(), 0);
     errno = error;
     return false;
-}
-
-// Also true when the item has been deleted or renamed since.
-bool ReplacementFile::is_in_place(const std::string& item) const
-{
-    struct stat ours {};
-    struct stat there {};
-    if (::fstat(m_file.get(), &ours) != 0)
-        return false;
-    if (::fstatat(m_item_directory, item.c_str(), &there, AT_SYMLINK_NOFOLLOW) != 0)
-        return errno == ENOENT;
-    return there.st_dev == ours.st_dev && there.st_ino == ours.st_ino;
 }

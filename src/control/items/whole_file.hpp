@@ -9,15 +9,10 @@
 
 class WholeFile {
 public:
-    // Opens a file without a name in the directory, for writing, with the mode less the umask. The directory
-    // must stay open as long as the file. Where the file system has no such files it is made under the name
-    // `draft`, exclusively. False in a test, with errno set, when neither works.
-    WholeFile(int directory, std::string draft, mode_t mode);
-
-    // A file that has not got its name is gone.
-    ~WholeFile();
-    WholeFile(const WholeFile&) = delete;
-    WholeFile& operator=(const WholeFile&) = delete;
+    // Opens a file without a name in the directory, for writing, with the mode less the umask; in memory
+    // where the file system has no such files. False in a test, with errno set, when the directory takes
+    // none.
+    WholeFile(int directory, mode_t mode);
 
     explicit operator bool() const { return static_cast<bool>(m_file); }
     int get() const { return m_file.get(); }
@@ -25,13 +20,16 @@ public:
     // Brings the contents to disk. False with errno set.
     bool flush();
 
-    // Gives the file its name, unless that is taken. False with errno set.
-    bool publish(const std::string& name);
+    // Gives the file its name, unless that is taken, in a directory of the same file system. Where a file
+    // that is whole already can't get one, a copy is written under it; a copy that fails is removed. False
+    // with errno set.
+    bool publish(int directory, const std::string& name);
 
 private:
-    bool give_name(const std::string& name);
+    bool link(int directory, const std::string& name) const;
+    bool copy(int directory, const std::string& name) const;
 
-    int m_directory;
-    std::string m_draft;  // the name that it has in the meantime, if any
+    mode_t m_mode;
+    bool m_is_in_memory = false;
     Descriptor m_file;
 };
