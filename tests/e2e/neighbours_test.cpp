@@ -141,6 +141,19 @@ TEST_F(Neighbours, AMetadirThatASetMakesBelongsToTheItemsOwner)
     start("zelm_outctl", "a");
 }
 
+TEST_F(Neighbours, ADirectoryThatIsSwappedForANewMetadirIsNotGivenAway)
+{
+    const std::string holds = "strace -qq -o /dev/null --inject=mkdirat:delay_exit=500000 ";
+    if (!has_other_users() || sh(holds + "true").status != 0)
+        GTEST_SKIP() << "no other users here, or processes can't be traced";
+    sh(IN_OUTPUTS + "chown 65534:65534 . a; mkdir -m 700 closed");
+    run_in_background("ASAN_OPTIONS=detect_leaks=0 exec " + holds + "zelm_outctl -c set -o a --set b=1");
+    EXPECT_TRUE(eventually([] { return exists(OUTPUTS + ".a.metadir"); }));
+    sh(IN_OUTPUTS + AS_NOBODY + "sh -c 'mv .a.metadir made; mv closed .a.metadir'");
+    EXPECT_EQ(end_of_background(), "");
+    EXPECT_EQ(output_of(IN_OUTPUTS + "stat -c '%u %a' made .a.metadir"), "65534 755\n0 700\n");
+}
+
 TEST_F(Neighbours, ALimitOnTheSizeOfFilesIsAFullDisk)
 {
     const std::string limited = "prlimit --fsize=4 ";

@@ -30,19 +30,6 @@ void keep_owner(int file, const struct stat& settings)
         std::fprintf(stderr_write, "Warning: failed to preserve credentials\n");
 }
 
-// A new metadir belongs to the owner of the settings file, whose driver has to bind its socket there. Where
-// that can't be had, it is the driver that tells.
-void make_metadir(int directory, const std::string& metadir, const struct stat& settings)
-{
-    if (::mkdirat(directory, metadir.c_str(), 0755) != 0)
-        return;
-    const Descriptor made = open_metadir(directory, metadir);
-    struct stat state {};
-    if (stat_opened(made, state) && state.st_uid == ::geteuid() &&
-        ::fchown(made.get(), settings.st_uid, settings.st_gid) != 0)
-        return;
-}
-
 // The item may be deleted or renamed while a set of it is under way.
 bool has_gone(int directory, const std::string& item)
 {
