@@ -4,7 +4,6 @@
 #include <cstring>
 #include <fcntl.h>
 #include <grp.h>
-#include <linux/close_range.h>
 #include <unistd.h>
 
 #include "control/run_state.hpp"
@@ -47,7 +46,7 @@ int open_null()
 
 void keep_standard_descriptors_only()
 {
-    ::close_range(3, ~0U, CLOSE_RANGE_CLOEXEC);
+    ::closefrom(STDERR_FILENO + 1);
 }
 
 // Groups go first, while the process may still change them.
