@@ -149,14 +149,32 @@ TEST_F(Faults, FileSystemsThatCannotExchangeOrHaveNoNamelessFilesWillDo)
     }
 }
 
+TEST_F(Faults, WhatTheKernelRefusesIsDoneInAnotherWay)
+{
+    for (const Command& command : COMMANDS)
+        for (const std::string refused : {"renameat2:error=EPERM", "renameat2:error=EOPNOTSUPP",
+                 "linkat:error=EPERM", "linkat:error=EOPNOTSUPP", "close_range:error=ENOSYS"}) {
+            prepare(command);
+            sh("rm -f /run/zelm_startitem.log");
+            const Outcome outcome =
+                sh("strace -f -qq -o /dev/null --inject=" + refused + " " + command.command_line + " 7<&0");
+            EXPECT_EQ(outcome.out + outcome.err, "") << command.name << refused;
+            EXPECT_EQ(files(directory_of(command)), command.after) << command.name << refused;
+            EXPECT_EQ(read_file("/run/zelm_startitem.log").find("with descriptor"), std::string::npos);
+        }
+}
+
 TEST_F(Faults, WhatIsNewIsOnDiskBeforeItHasItsNameAndTheNameAfterwards)
 {
     for (const auto& [command, calls] :
         {std::pair(COMMANDS[0], "unlinkat fsync linkat renameat2 unlinkat fsync "),
-            std::pair(COMMANDS[1], "fsync linkat fsync "), std::pair(COMMANDS[2], "fsync linkat fsync ")}) {
+            std::pair(COMMANDS[1], "fsync linkat fsync "), std::pair(COMMANDS[2], "fsync linkat fsync "),
+            std::pair(COMMANDS[3], "renameat unlinkat renameat fsync "),
+            std::pair(COMMANDS[4],
+                "unlinkat unlinkat unlinkat unlinkat unlinkat unlinkat unlinkat unlinkat fsync ")}) {
         run_with(command, "");
         EXPECT_EQ(
-            output_of("grep -oE '^(fsync|linkat|renameat2|unlinkat)' /run/trace | tr '\\n' ' '"), calls);
+            output_of("grep -oE '^(fsync|linkat|renameat2?|unlinkat)' /run/trace | tr '\\n' ' '"), calls);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "control/commands/item_checks.hpp"
+#include "control/commands/items_of_run.hpp"
 #include "control/items/item_directory.hpp"
 #include "control/items/item_names.hpp"
 #include "control/items/metadir.hpp"
@@ -34,5 +35,6 @@ int do_delete()
         std::fprintf(stdout_write, "Error: Failed to remove %s, %s\n", to_what.c_str(), std::strerror(errno));
         return 1;
     }
+    flush_items_or_complain(directory.get());
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "control/commands/item_checks.hpp"
+#include "control/commands/items_of_run.hpp"
 #include "control/items/item_directory.hpp"
 #include "control/items/replacement_file.hpp"
 #include "control/run_state.hpp"
@@ -43,5 +44,6 @@ int do_rename()
             stdout_write, "Error: Failed to rename output %s, %s\n", to_what.c_str(), std::strerror(errno));
         return 1;
     }
+    flush_items_or_complain(directory.get());
     return 0;
 }
