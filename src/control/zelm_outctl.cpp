@@ -11,15 +11,16 @@
 #include "control/commands/clone_item.hpp"
 #include "control/commands/create_item.hpp"
 #include "control/commands/delete_item.hpp"
+#include "control/commands/item_status.hpp"
 #include "control/commands/items_of_run.hpp"
 #include "control/commands/list_items.hpp"
 #include "control/commands/rename_item.hpp"
+#include "control/commands/restart_item.hpp"
 #include "control/commands/start_item.hpp"
 #include "control/commands/stop_item.hpp"
 #include "control/commands/update_settings.hpp"
 #include "control/infolist.hpp"
 #include "control/items/item_names.hpp"
-#include "control/processes/running_state.hpp"
 #include "control/run_state.hpp"
 #include "platform/signals.hpp"
 #include "schema/create_consumer.hpp"
@@ -36,12 +37,6 @@ void open_standard_descriptors()
     for (const pollfd& descriptor : standard)
         if ((descriptor.revents & POLLNVAL) != 0 && ::open("/dev/null", O_RDWR) != descriptor.fd)
             ::_exit(1);
-}
-
-int complain_of_no_item()
-{
-    std::fprintf(stderr_write, "%s", NO_OUTPUT_SPECIFIED_MESSAGE);
-    return 1;
 }
 
 // What holds for every command. 0, or 1 when the run must end.
@@ -66,67 +61,38 @@ int run_set(const std::string& json_text, const SettingValues& settings)
 {
     if (json_text.empty())
         return do_set(to_what, settings);
-    // The document takes the place of the pairs, and its driver is never worked out from the item. It lives
-    // to the end of the process, which frees it faster than it would.
-    static const auto& consumer = *new auto(createConsumer(json_consume_driver, json_text));
-    consumer->createItems();
-    return do_set(to_what, consumer->items());
+    // The document takes the place of the pairs, and its driver is never worked out from the item. It is left
+    // to the end of the process, which frees it faster than its destructor would.
+    static const auto* const consumer = new auto(createConsumer(json_consume_driver, json_text));
+    (*consumer)->createItems();
+    return do_set(to_what, (*consumer)->items());
 }
 
-int run_status()
+// What the pseudo-name "all" reaches.
+enum class All : std::uint8_t { EVERY_ITEM, THOSE_WITH_AUTOSTART };
+
+bool has_autostart(const std::string& item)
 {
-    if (!is_item_name(to_what))
-        return complain_of_no_item();
-    std::string driver = to_what;
-    if (role_of_run().driver_source == DriverSource::DRIVER_LINE &&
-        !read_driver_word_or_complain(to_what, driver))
+    InfoList list;
+    infolist_load(list, item);
+    return infolist_get_autostart(list) > 0;
+}
+
+// One of stop, start and restart, on one item or, by a pseudo-name, on many.
+int act_on_items(int (*act)(const std::string& item), All all = All::EVERY_ITEM)
+{
+    if (to_what.empty()) {
+        std::fprintf(stderr_write, "%s", NO_OUTPUT_SPECIFIED_MESSAGE);
         return 1;
-    const bool runs = is_item_running(to_what, nullptr) != 0;
-    std::fprintf(stdout_write, "Driver %s process is %s\n", driver.c_str(), runs ? "running" : "stopped");
-    return runs ? 0 : 1;
-}
-
-int run_list()
-{
-    // The emitter and the document live to the end of the process, which frees them faster than they would.
-    static auto& emitter = *new std::shared_ptr<EmitJson>;
-    const int result = do_list(emitter);
-    if (wants_json && !name_only) {
-        static const auto& document = *new json11::Json(emitter ? emitter->emitJson() : Document{});
-        // Room for the largest document, so that the text does not move while it grows.
-        std::string text;
-        text.reserve(std::size_t{64} * 1024);
-        document.dump(text);
-        text += '\n';
-        std::fwrite(text.data(), 1, text.size(), stdout_write);
-        std::fflush(stdout_write);
     }
-    return result;
-}
-
-int restart_item(const std::string& item)
-{
-    do_stop_item(item);
-    return do_start_item(item);
-}
-
-// One of stop, start and restart, on one item or, by a pseudo-name, on many. "all" reaches every item,
-// except that a restart of "all" is one of "autostart".
-int run_process_command(int (*act)(const std::string& item))
-{
-    if (to_what.empty())
-        return complain_of_no_item();
     if (is_item_name(to_what))
         return act(to_what);
     if (build_itemlist() != 0)
         return 1;
-    const bool reaches_all = to_what == "all" && act != restart_item;
-    for (const std::string& item : itemlist) {
-        InfoList list;
-        infolist_load(list, item);
-        if (reaches_all || infolist_get_autostart(list) > 0)
+    const bool reaches_every = to_what == "all" && all == All::EVERY_ITEM;
+    for (const std::string& item : itemlist)
+        if (reaches_every || has_autostart(item))
             act(item);
-    }
     return 0;
 }
 
@@ -135,15 +101,15 @@ int dispatch(const std::string& json_text, const SettingValues& settings)
     if (command == "set")
         return run_set(json_text, settings);
     if (command == "status")
-        return run_status();
+        return do_status();
     if (command == "list")
         return run_list();
     if (command == "stop")
-        return run_process_command(do_stop_item);
+        return act_on_items(do_stop_item);
     if (command == "start")
-        return run_process_command(do_start_item);
+        return act_on_items(do_start_item);
     if (command == "restart")
-        return run_process_command(restart_item);
+        return act_on_items(do_restart_item, All::THOSE_WITH_AUTOSTART);
     if (command == "create")
         return do_create();
     if (command == "delete")

@@ -1,7 +1,9 @@
 #include "platform/io.hpp"
 
 #include <algorithm>
+#include <cassert>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <string>
@@ -50,6 +52,14 @@ Descriptor open_regular_file(int directory, const char* path, std::int64_t size_
     else
         errno = S_ISDIR(state.st_mode) ? EISDIR : EINVAL;
     return {};
+}
+
+std::string read_link(int link)
+{
+    char tmp[PATH_MAX];
+    const ssize_t rd = ::readlinkat(link, "", tmp, sizeof tmp - 1);
+    assert(rd < 0 || (size_t)rd < sizeof(tmp));
+    return std::string(tmp, static_cast<std::size_t>(std::max<ssize_t>(rd, 0)));
 }
 
 bool flush_directory(int directory)

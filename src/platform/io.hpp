@@ -45,6 +45,9 @@ int mkdir_p(const char* path, unsigned int mode, int flags);
 // otherwise: ELOOP for a link, EISDIR, EFBIG, and EINVAL for what else is no file.
 Descriptor open_regular_file(int directory, const char* path, std::int64_t size_limit);
 
+// Where a link leads that was opened itself, with O_PATH; empty when that can't be read.
+std::string read_link(int link);
+
 // Brings the names in a directory to disk. False with errno set; a directory that may not be read or that
 // the file system can't flush has been flushed as well as can be.
 bool flush_directory(int directory);

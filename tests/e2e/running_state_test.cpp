@@ -100,6 +100,25 @@ TEST_F(RunningState, ADriverThatTakesNoConnectionsStillRuns)
     }
 }
 
+TEST_F(RunningState, TheTableOfSocketsIsReadAgainWhenItSkipsADriver)
+{
+    output_of(std::string("mkdir ") + METADIR);
+    const Descriptor listener = listen_at(ENTRY);
+    const std::string status = "mount --bind /run/net /proc/$$/net && exec zelm_outctl -c status -o main";
+    output_of("mkdir -p /run/net; rm -f /run/net/unix");
+    write_file("/run/net/unix", "Num  Inod Path\n");
+    if (sh(status).status == 32)
+        GTEST_SKIP() << "nothing can be mounted here";
+    expect_each({status},
+        {1, "Driver x11 process is stopped\n",
+            "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n"
+            "Headers read from /proc/net/unix were:\n"
+            "   entry[0] = 'Num'\n   entry[1] = 'Inod'\n   entry[2] = 'Path'\n"});
+    sh("rm /run/net/unix; mkfifo /run/net/unix; (head -1 /proc/net/unix >/run/net/unix; sleep 0.3; "
+       "timeout 5 cat /proc/net/unix >/run/net/unix) >/run/out 2>&1 &");
+    expect_each({status}, {0, "Driver x11 process is running\n", ""});
+}
+
 TEST_F(RunningState, ADriverOnALayeredFileSystemRuns)
 {
     // There a file has other numbers for programs than for the kernel.

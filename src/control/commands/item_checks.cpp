@@ -4,11 +4,11 @@
 #include <cerrno>
 #include <cstring>
 
+#include "control/commands/drivers_of_run.hpp"
 #include "control/commands/items_of_run.hpp"
 #include "control/items/item_names.hpp"
 #include "control/items/metadir.hpp"
 #include "control/items/replacement_file.hpp"
-#include "control/processes/running_state.hpp"
 #include "control/run_state.hpp"
 #include "control/usage.hpp"
 #include "platform/metadata.hpp"

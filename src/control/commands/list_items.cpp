@@ -1,16 +1,17 @@
 #include "control/commands/list_items.hpp"
 
-#include <map>
 #include <sys/stat.h>
 #include <vector>
 
+#include "control/commands/drivers_of_run.hpp"
+#include "control/commands/item_text.hpp"
 #include "control/commands/items_of_run.hpp"
-#include "control/commands/print_item.hpp"
 #include "control/commands/report_query.hpp"
 #include "control/infolist.hpp"
 #include "control/items/file_type.hpp"
+#include "control/items/manifests.hpp"
 #include "control/items/metadir.hpp"
-#include "control/processes/running_state.hpp"
+#include "control/processes/uptime.hpp"
 #include "control/reports/report_queries.hpp"
 #include "control/run_state.hpp"
 #include "schema/create_emitter.hpp"
@@ -33,19 +34,8 @@ constexpr const char* REGIONS[] = {
     "urgent",
 };
 
-// The manifests of the run, by their drivers. Info lists point into them.
-std::map<std::string, zelm_config_list> global_cfglist;
-
-const zelm_config_list& manifest_of(const std::string& driver)
-{
-    const auto [entry, is_new] = global_cfglist.try_emplace(driver);
-    zelm_config_list& manifest = entry->second;
-    if (is_new) {
-        manifest.with_texts = 1;
-        manifest.load_arglist(item_argslist_path(driver).c_str());
-    }
-    return manifest;
-}
+// Info lists point into them, and an emitter outlives the listing.
+Manifests manifests;
 
 std::string with_three_decimals(double seconds)
 {
@@ -72,7 +62,7 @@ void set_transient(InfoList& list, std::string_view key, std::string value)
     item.marker = '*';
 }
 
-void add_process_state(InfoList& list, pid_t pid)
+void add_process_state(InfoList& list, pid_t pid, const KernelClock& clock)
 {
     set_status(list, "running", pid != 0 ? "1" : "0", "Media item running status");
     static constexpr char UPTIME[] = "Length of time the media item has been running";
@@ -80,7 +70,7 @@ void add_process_state(InfoList& list, pid_t pid)
         set_status(list, "uptime", "", UPTIME);
         return;
     }
-    if (const std::optional<double> uptime = process_uptime(pid))
+    if (const std::optional<double> uptime = clock.uptime_of(pid))
         set_status(list, "uptime", list.keep(with_three_decimals(*uptime)), UPTIME);
     set_status(list, "pid", list.keep(std::to_string(pid)), "Process ID");
 }
@@ -157,7 +147,7 @@ std::vector<Listed> listed_items()
 }
 
 // All that is known without asking the item.
-void gather(Listed& item, std::shared_ptr<EmitJson>& emitter)
+void gather(Listed& item, const KernelClock& clock, std::shared_ptr<EmitJson>& emitter)
 {
     infolist_load(item.list, item.name);
     std::string driver;
@@ -165,8 +155,8 @@ void gather(Listed& item, std::shared_ptr<EmitJson>& emitter)
     if (!emitter)
         emitter = createEmitter(driver);
     if (!no_manifest)
-        infolist_fill_from_argslist(item.list, manifest_of(driver));
-    add_process_state(item.list, item.pid);
+        infolist_fill_from_argslist(item.list, manifests.at(item_argslist_path(driver)));
+    add_process_state(item.list, item.pid, clock);
     add_item_mtime(item.list);
 }
 
@@ -211,7 +201,7 @@ void hand_over(Listed& item, EmitJson& emitter, std::string& text)
     if (wants_json)
         emitter.add(std::move(item.list));
     else
-        print_item(text, item.name, item.list);
+        append_item(text, item.name, item.list);
     item.list = {};
     item.report.reset();
 }
@@ -220,6 +210,7 @@ void hand_over(Listed& item, EmitJson& emitter, std::string& text)
 // emitter's copy, far less than its info list.
 std::string list_items(std::shared_ptr<EmitJson>& emitter)
 {
+    const KernelClock clock = read_kernel_uptime();
     std::vector<Listed> items = listed_items();
     ReportQueries queries(per_item_timeout);
     std::string text;
@@ -229,7 +220,7 @@ std::string list_items(std::shared_ptr<EmitJson>& emitter)
         hand_over(*next++, *emitter, text);
     };
     for (auto item = items.begin(); item != items.end(); ++item) {
-        gather(*item, emitter);
+        gather(*item, clock, emitter);
         ask(*item, queries);
         while (next <= item && (!next->report || next->report->has_ended()))
             finish_next();
@@ -241,6 +232,24 @@ std::string list_items(std::shared_ptr<EmitJson>& emitter)
 
 }  // namespace
 
+int run_list()
+{
+    // Left to the end of the process, which frees them faster than their destructors would.
+    static auto* const emitter = new std::shared_ptr<EmitJson>;
+    const int result = do_list(*emitter);
+    if (wants_json && !name_only) {
+        static const auto* const document = new json11::Json(*emitter ? (*emitter)->emitJson() : Document{});
+        // Room for the largest document, so that the text does not move while it grows.
+        std::string text;
+        text.reserve(std::size_t{64} * 1024);
+        document->dump(text);
+        text += '\n';
+        std::fwrite(text.data(), 1, text.size(), stdout_write);
+        std::fflush(stdout_write);
+    }
+    return result;
+}
+
 int do_list(std::shared_ptr<EmitJson>& emitter)
 {
     if (build_itemlist() != 0)
@@ -251,7 +260,6 @@ int do_list(std::shared_ptr<EmitJson>& emitter)
             std::fprintf(stdout_write, "%s\n", name.c_str());
         return 0;
     }
-    read_kernel_uptime();
     const std::string text = list_items(emitter);
     std::fwrite(text.data(), 1, text.size(), stdout_write);
     return 0;

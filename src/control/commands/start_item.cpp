@@ -1,13 +1,15 @@
 #include "control/commands/start_item.hpp"
 
 #include <cassert>
+#include <cerrno>
+#include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "control/commands/drivers_of_run.hpp"
 #include "control/commands/items_of_run.hpp"
 #include "control/items/output_drivers.hpp"
 #include "control/processes/debug_output.hpp"
-#include "control/processes/running_state.hpp"
 #include "control/processes/supervision.hpp"
 #include "control/run_state.hpp"
 
@@ -40,9 +42,18 @@ void redirect_streams(const std::string& debug_path, const struct stat& settings
     }
     ::setsid();
     redirect_streams(debug_path, settings);
-    become_owner(settings);
+    if (const char* call = become_owner(settings)) {
+        std::fprintf(stderr_write, "%s() failed, %s\n", call, std::strerror(errno));
+        ::_exit(1);
+    }
     keep_standard_descriptors_only();
     execute(arguments);
+}
+
+int complain_of_fork()
+{
+    std::fprintf(stderr_write, "fork failed\n");
+    return -1;
 }
 
 // 0 when the processes were forked, -1 when a fork failed.
@@ -58,9 +69,9 @@ int start_driver(const std::string& driver, const std::string& item)
         make_debug_directory();
 
     const Arguments driver_process{"/usr/bin/" + driver_program(role, driver), "--file", file_path};
-    const pid_t child = fork_or_complain();
+    const pid_t child = ::fork();
     if (child < 0)
-        return -1;
+        return complain_of_fork();
     if (child == 0)
         run_driver(supervised ? supervise(driver_name_switch(role, item), driver_process) : driver_process,
             file_path, debug_path);
@@ -69,7 +80,7 @@ int start_driver(const std::string& driver, const std::string& item)
 
     assert(file_path.empty() == false);
     const Arguments watchdog{"tavorn-comm-watchdog", file_path};
-    return fork_quietly(supervise(watchdog_name_switch(role, item), watchdog)) ? 0 : -1;
+    return fork_quietly(supervise(watchdog_name_switch(role, item), watchdog)) ? 0 : complain_of_fork();
 }
 
 bool passes_x11_filter(const std::string& driver)

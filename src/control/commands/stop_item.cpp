@@ -5,12 +5,11 @@
 #include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
+#include "control/commands/drivers_of_run.hpp"
 #include "control/commands/items_of_run.hpp"
 #include "control/items/output_drivers.hpp"
 #include "control/processes/held_process.hpp"
-#include "control/processes/running_state.hpp"
 #include "control/processes/supervision.hpp"
 #include "control/run_state.hpp"
 #include "platform/time.hpp"
@@ -27,22 +26,16 @@ bool is_stopped_for_x11(const std::string& driver)
     return x11_conflict_resolution == 0 ? is_x11_output(driver) : is_console_output(driver);
 }
 
-// The driver is held first and looked at then: its id may have been taken again since it was found.
-HeldProcess hold(const RunningDriver& driver)
-{
-    HeldProcess process = driver.pid != 0 ? HeldProcess(driver.pid) : HeldProcess();
-    return still_serves(driver) ? std::move(process) : HeldProcess();
-}
-
 // Has the manager let go of the driver, as its owner, under whom it was started, and of the watchdog. False
 // when a fork failed.
 bool release(const std::string& item)
 {
+    const Role& role = role_of_run();
     struct stat settings {};
     const bool has_owner = ::geteuid() == 0 && ::lstat(settings_path(item).c_str(), &settings) == 0;
-    return fork_quietly(release_supervision(driver_name_switch(role_of_run(), item)),
-               has_owner ? &settings : nullptr) &&
-           fork_quietly(release_supervision(watchdog_name_switch(role_of_run(), item)));
+    return fork_quietly(
+               release_supervision(driver_name_switch(role, item)), has_owner ? &settings : nullptr) &&
+           fork_quietly(release_supervision(watchdog_name_switch(role, item)));
 }
 
 int end_driver(const HeldProcess& process, const std::string& driver)
@@ -90,8 +83,10 @@ int do_stop_item(const std::string& item)
     const int refusal = process.signal(0) != 0 ? errno : 0;
     const Supervisors supervisors =
         stop_only_item ? Supervisors() : supervisors_of(role_of_run(), item, running.pid);
-    if (!stop_only_item && !release(item))
+    if (!stop_only_item && !release(item)) {
+        std::fprintf(stderr_write, "fork failed\n");
         return -1;
+    }
     if (running.pid == 0) {
         if (force)
             std::fprintf(stderr_write, "Did not identify PID of the driver\n");

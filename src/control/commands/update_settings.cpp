@@ -12,7 +12,6 @@
 #include "control/items/metadir.hpp"
 #include "control/items/replacement_file.hpp"
 #include "control/items/rewrite_settings.hpp"
-#include "control/processes/running_state.hpp"
 #include "control/reports/live_update.hpp"
 #include "control/run_state.hpp"
 

@@ -60,6 +60,11 @@ bool find_metadir(const std::string& file, std::string& metadir)
     return found;
 }
 
+std::string active_socket_path(const std::string& metadir)
+{
+    return metadir + "/" + ACTIVE_SOCKET_ENTRY;
+}
+
 Descriptor open_metadir(int directory, const std::string& name)
 {
     return Descriptor(::openat(directory, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));

@@ -9,6 +9,9 @@
 // The metadir of a settings file, a path for a path and a name for a name. False if it can have none.
 bool find_metadir(const std::string& file, std::string& metadir);
 
+// The entry of a metadir at which the item's driver binds its socket.
+std::string active_socket_path(const std::string& metadir);
+
 // Opens a metadir by its name. None with errno set otherwise; whatever else has that name is none, a link to
 // a directory too.
 Descriptor open_metadir(int directory, const std::string& name);

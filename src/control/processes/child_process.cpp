@@ -1,23 +1,10 @@
 #include "control/processes/child_process.hpp"
 
-#include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <grp.h>
 #include <unistd.h>
 
-#include "control/run_state.hpp"
 #include "platform/signals.hpp"
-
-namespace {
-
-[[noreturn]] void end_child(const char* call)
-{
-    std::fprintf(stderr_write, "%s() failed, %s\n", call, std::strerror(errno));
-    ::_exit(1);
-}
-
-}  // namespace
 
 void execute(const Arguments& arguments)
 {
@@ -50,35 +37,26 @@ void keep_standard_descriptors_only()
 }
 
 // Groups go first, while the process may still change them.
-void become_owner(const struct stat& file)
+const char* become_owner(const struct stat& file)
 {
     if (::geteuid() == 0 && file.st_uid != ::getuid() && ::setgroups(0, nullptr) != 0)
-        end_child("setgroups");
+        return "setgroups";
     if (::setgid(file.st_gid) != 0)
-        end_child("setgid");
-    if (::setuid(file.st_uid) != 0)
-        end_child("setuid");
+        return "setgid";
+    return ::setuid(file.st_uid) != 0 ? "setuid" : nullptr;
 }
 
 bool fork_quietly(const Arguments& arguments, const struct stat* owned)
 {
-    const pid_t child = fork_or_complain();
+    const pid_t child = ::fork();
     if (child == 0) {
         const int null = open_null();
         for (const int standard : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
             make_standard(null, standard);
-        if (owned)
-            become_owner(*owned);
+        if (owned && become_owner(*owned) != nullptr)
+            ::_exit(1);
         keep_standard_descriptors_only();
         execute(arguments);
     }
     return child > 0;
-}
-
-pid_t fork_or_complain()
-{
-    const pid_t child = ::fork();
-    if (child < 0)
-        std::fprintf(stderr_write, "fork failed\n");
-    return child;
 }

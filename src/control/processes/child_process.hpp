@@ -21,14 +21,10 @@ int open_null();
 // driver that runs for months holds open nothing of whoever called the tool.
 void keep_standard_descriptors_only();
 
-// Takes on the owner and the group of the file, and no other group. On failure the process says so and ends
-// with status 1.
-void become_owner(const struct stat& file);
+// Takes on the owner and the group of the file, and no other group. Null, or the call that failed with errno
+// set.
+const char* become_owner(const struct stat& file);
 
 // Forks a child that executes the arguments with "/dev/null" as its standard descriptors, as the owner of the
-// file if one is given. Nobody waits for it. False when the fork failed, which has been said on standard
-// error.
+// file if one is given. Nobody waits for it. False when the fork failed.
 bool fork_quietly(const Arguments& arguments, const struct stat* owned = nullptr);
-
-// fork(2), saying "fork failed" when it does.
-pid_t fork_or_complain();

@@ -1,6 +1,5 @@
 #include "control/processes/debug_output.hpp"
 
-#include <climits>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -22,12 +21,8 @@ Descriptor open_debug_directory()
     struct stat state {};
     if (!entry || ::fstat(entry.get(), &state) != 0 || !S_ISLNK(state.st_mode))
         return entry;
-    char target[PATH_MAX];
-    const ssize_t length = is_trusted(state) ? ::readlinkat(entry.get(), "", target, sizeof target - 1) : -1;
-    if (length < 0)
-        return {};
-    target[length] = '\0';
-    return Descriptor(::openat(parent.get(), target, O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const std::string target = is_trusted(state) ? read_link(entry.get()) : "";
+    return Descriptor(::openat(parent.get(), target.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
 }
 
 }  // namespace

@@ -11,7 +11,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "control/run_state.hpp"
 #include "platform/io.hpp"
 
 namespace {
@@ -32,15 +31,6 @@ std::string_view field_of(std::string_view line, std::size_t column)
     for (; column > 0; --column)
         next_word(line, at);
     return next_word(line, at);
-}
-
-void complain_about_header(const std::vector<std::string>& names)
-{
-    std::fprintf(stderr_write,
-        "procnetunixsnapshot: one or more required columns are missing. I need inode and path.\n");
-    std::fprintf(stderr_write, "Headers read from /proc/net/unix were:\n");
-    for (std::size_t i = 0; i < names.size(); ++i)
-        std::fprintf(stderr_write, "   entry[%zu] = '%s'\n", i, names[i].c_str());
 }
 
 // The number that the whole name is in decimal, or -1.
@@ -137,50 +127,47 @@ Descriptor open_directory(const char* path)
 
 }  // namespace
 
-void ProcNetUnixSnapshot::take(const char* file)
+SocketTableHeader ProcNetUnixSnapshot::take(const char* file)
 {
     m_text.clear();
     m_path_column = NO_COLUMN;
     const Descriptor table(::open(file, O_RDONLY | O_CLOEXEC));
     if (!table)
-        return;
-    for (ssize_t got = 1; got > 0;) {
-        char block[std::size_t{64} * 1024];
-        got = TEMP_FAILURE_RETRY(::read(table.get(), block, sizeof block));
-        m_text.append(block, static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    }
+        return {};
+    read_to_end(table.get(), m_text.max_size(), m_text);
     std::string_view rows = m_text;
-    find_columns(rows.empty() ? rows : cut_line(rows));
+    SocketTableHeader header = find_columns(rows.empty() ? rows : cut_line(rows));
     m_rows = m_text.size() - rows.size();
+    return header;
 }
 
 // The last column of each name, whatever its case.
-void ProcNetUnixSnapshot::find_columns(std::string_view header)
+SocketTableHeader ProcNetUnixSnapshot::find_columns(std::string_view line)
 {
+    using Fault = SocketTableHeader::Fault;
     std::vector<std::string> names;
     std::size_t inode_column = NO_COLUMN;
     std::size_t path_column = NO_COLUMN;
     std::size_t at = 0;
-    for (std::string_view name = next_word(header, at); !name.empty(); name = next_word(header, at)) {
+    for (std::string_view name = next_word(line, at); !name.empty(); name = next_word(line, at)) {
         names.emplace_back(name);
         if (::strcasecmp(names.back().c_str(), "Inode") == 0)
             inode_column = names.size() - 1;
         if (::strcasecmp(names.back().c_str(), "Path") == 0)
             path_column = names.size() - 1;
     }
-    if (inode_column == NO_COLUMN || path_column == NO_COLUMN) {
-        complain_about_header(names);
-    } else if (inode_column > FIELD_LIMIT || path_column > FIELD_LIMIT) {
-        std::fprintf(stderr_write, "procnetunixsnapshot: columns out of range.\n");
-    } else {
-        m_inode_column = inode_column;
-        m_path_column = path_column;
-    }
+    if (inode_column == NO_COLUMN || path_column == NO_COLUMN)
+        return {Fault::NO_INODE_OR_PATH, std::move(names)};
+    if (inode_column > FIELD_LIMIT || path_column > FIELD_LIMIT)
+        return {Fault::TOO_FAR_OUT, std::move(names)};
+    m_inode_column = inode_column;
+    m_path_column = path_column;
+    return {Fault::NONE, std::move(names)};
 }
 
 void ProcNetUnixSnapshot::for_each(const Row& row) const
 {
-    if (!is_readable())
+    if (m_path_column == NO_COLUMN)
         return;
     std::string_view rows = std::string_view(m_text).substr(m_rows);
     while (!rows.empty()) {

@@ -2,11 +2,19 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
 #include <vector>
+
+// What the header of the table of Unix sockets names, and whether that will do.
+struct SocketTableHeader {
+    enum class Fault : std::uint8_t { NONE, NO_FILE, NO_INODE_OR_PATH, TOO_FAR_OUT };
+    Fault fault = Fault::NO_FILE;
+    std::vector<std::string> columns;
+};
 
 // The table of Unix sockets.
 class ProcNetUnixSnapshot {
@@ -15,11 +23,8 @@ public:
     using Row = std::function<void(std::string_view path, unsigned int inode)>;
 
     // Reads the table from a file of the form of /proc/net/unix, whose header line names the columns. A
-    // file that can't be opened, or whose header lacks a column, which is said, leaves the table empty.
-    void take(const char* file);
-
-    // Whether there was a header that could be understood.
-    bool is_readable() const { return m_path_column != NO_COLUMN; }
+    // file that can't be opened leaves the table empty, and so does a header that can't be understood.
+    SocketTableHeader take(const char* file);
 
     // Calls back with each row that has an inode, in the table's order.
     void for_each(const Row& row) const;
@@ -27,7 +32,7 @@ public:
 private:
     static constexpr std::size_t NO_COLUMN = static_cast<std::size_t>(-1);
 
-    void find_columns(std::string_view header);
+    SocketTableHeader find_columns(std::string_view line);
 
     std::string m_text;
     std::size_t m_rows = 0;  // where they begin in the text

@@ -57,8 +57,8 @@ bool receive(int diagnosis, std::vector<BoundSocket>& sockets, bool& is_complete
     return true;
 }
 
-// The lines of a file under /proc, for as long as it is wanted.
-template <typename Take> void read_facts(const std::string& path, const Take& take)
+// Calls back with each line of a file under /proc.
+template <typename Take> void for_each_line(const std::string& path, const Take& take)
 {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     LineReader lines(file.get());
@@ -90,25 +90,26 @@ std::optional<std::vector<BoundSocket>> bound_sockets()
     return sockets;
 }
 
-FileNumbers numbers_of(const struct stat& file)
+FileNumbers told_numbers(const struct stat& file)
 {
     return {static_cast<std::uint32_t>(file.st_ino), kernel_device(major(file.st_dev), minor(file.st_dev))};
 }
 
-void look_within(const std::string& path, FileNumbers& numbers)
+FileNumbers kernel_numbers(const std::string& path, FileNumbers told)
 {
+    FileNumbers numbers = told;
     const Descriptor file(::open(path.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
     if (!file)
-        return;
+        return numbers;
     std::string mount;
-    read_facts("/proc/self/fdinfo/" + std::to_string(file.get()), [&](const std::string& line) {
+    for_each_line("/proc/self/fdinfo/" + std::to_string(file.get()), [&](const std::string& line) {
         if (line.starts_with("ino:"))
             numbers.inode = static_cast<std::uint32_t>(std::strtoull(line.c_str() + 4, nullptr, 10));
         if (line.starts_with("mnt_id:\t"))
             mount = line.substr(8) + " ";
     });
     // "mount parent major:minor ..."
-    read_facts("/proc/self/mountinfo", [&](const std::string& line) {
+    for_each_line("/proc/self/mountinfo", [&](const std::string& line) {
         if (mount.empty() || !line.starts_with(mount))
             return;
         char* at = nullptr;
@@ -117,4 +118,5 @@ void look_within(const std::string& path, FileNumbers& numbers)
         if (*at == ':')
             numbers.device = kernel_device(major, std::strtoul(at + 1, nullptr, 10));
     });
+    return numbers;
 }

@@ -25,9 +25,9 @@ struct BoundSocket {
 // All of them, in the order of their inodes; none where the kernel offers no such answer.
 std::optional<std::vector<BoundSocket>> bound_sockets();
 
-// The numbers of a file that lstat(2) has described.
-FileNumbers numbers_of(const struct stat& file);
+// The numbers that lstat(2) gives a file.
+FileNumbers told_numbers(const struct stat& file);
 
-// The numbers that the kernel itself knows the file by. Layered file systems, and those with several volumes,
-// tell others to lstat(2). What the kernel doesn't say is left as it is in `numbers`.
-void look_within(const std::string& path, FileNumbers& numbers);
+// The numbers that the kernel itself knows the file by, as far as it says them, and else those that are told:
+// layered file systems, and those with several volumes, tell others to lstat(2).
+FileNumbers kernel_numbers(const std::string& path, FileNumbers told);

@@ -1,10 +1,9 @@
 #include "control/processes/supervision.hpp"
 
-#include <algorithm>
 #include <cstdlib>
-#include <fcntl.h>
-#include <unistd.h>
 #include <utility>
+
+#include "control/processes/process_status.hpp"
 
 namespace {
 
@@ -23,26 +22,6 @@ std::string safe_name(const std::string& item)
     return safe;
 }
 
-// The first bytes of a file under /proc.
-std::string read_start(pid_t process, const char* file, std::size_t size)
-{
-    const Descriptor opened(
-        ::open(("/proc/" + std::to_string(process) + file).c_str(), O_RDONLY | O_CLOEXEC));
-    std::string start(size, '\0');
-    const ssize_t got = opened ? ::read(opened.get(), start.data(), size) : -1;
-    start.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
-    return start;
-}
-
-// 0 when there is no such process.
-pid_t parent_of(pid_t process)
-{
-    // "id (name) state parent ...", and the name may hold anything.
-    const std::string status = read_start(process, "/stat", 256);
-    const std::size_t name_end = status.rfind(") ");
-    return name_end != std::string::npos ? std::atoi(status.substr(name_end + 2).c_str() + 1) : 0;
-}
-
 // The process, if it is the manager's under that name; else none.
 HeldProcess hold_supervisor(pid_t process, const std::string& name_switch)
 {
@@ -52,8 +31,8 @@ HeldProcess hold_supervisor(pid_t process, const std::string& name_switch)
     for (const std::string& argument : supervise(name_switch, {}))
         command_line += argument + '\0';
     HeldProcess held(process);
-    return read_start(process, "/cmdline", command_line.size()) == command_line ? std::move(held)
-                                                                                : HeldProcess();
+    const std::string path = "/proc/" + std::to_string(process) + "/cmdline";
+    return read_start(path, command_line.size()) == command_line ? std::move(held) : HeldProcess();
 }
 
 }  // namespace

@@ -6,4 +6,4 @@
 #include "settings/infolist_item.hpp"
 
 // Appends the item: its name and "{", the entries that the summary switches leave, and "}".
-void print_item(std::string& out, const std::string& name, const InfoList& list);
+void append_item(std::string& out, const std::string& name, const InfoList& list);

@@ -1,4 +1,4 @@
-#include "control/commands/print_item.hpp"
+#include "control/commands/item_text.hpp"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ char* put(std::string_view text, char* at)
 }
 
 // Makes room once for each line: a listing consists of little else.
-void print_line(std::string& out, std::string_view mark, std::string_view key, std::string_view text)
+void append_line(std::string& out, std::string_view mark, std::string_view key, std::string_view text)
 {
     const std::size_t begin = out.size();
     out.resize(begin + mark.size() + key.size() + text.size() + 4);
@@ -27,20 +27,20 @@ void print_line(std::string& out, std::string_view mark, std::string_view key, s
 }
 
 // The marker stands on the last line; the lines before it say that more follow.
-void print_value(std::string& out, std::string_view key, const infolist_item& item)
+void append_value(std::string& out, std::string_view key, const infolist_item& item)
 {
     const std::string_view marker(&item.marker, item.marker == 0 ? 0 : 1);
     std::string_view left = item.value;
     const char* mark = "<..";
     for (std::size_t end = left.find('\n'); end != std::string_view::npos; end = left.find('\n')) {
-        print_line(out, mark, key, left.substr(0, end));
+        append_line(out, mark, key, left.substr(0, end));
         left.remove_prefix(end + 1);
         mark = "...";
     }
-    print_line(out, marker, key, left);
+    append_line(out, marker, key, left);
 }
 
-void print_description(std::string& out, const infolist_item& item)
+void append_description(std::string& out, const infolist_item& item)
 {
     if (!item.desc.empty())
         out.append(".desc=").append(item.desc).append("\n");
@@ -55,15 +55,15 @@ void print_description(std::string& out, const infolist_item& item)
 
 }  // namespace
 
-void print_item(std::string& out, const std::string& name, const InfoList& list)
+void append_item(std::string& out, const std::string& name, const InfoList& list)
 {
     out.append(name).append("{\n");
     for (const auto& [key, item] : list) {
         if ((quicksummary || except_quicksummary) && item.quick_summary != quicksummary)
             continue;
-        print_value(out, key, item);
+        append_value(out, key, item);
         if (show_description)
-            print_description(out, item);
+            append_description(out, item);
     }
     out += "}\n";
 }

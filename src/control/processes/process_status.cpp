@@ -1,0 +1,44 @@
+#include "control/processes/process_status.hpp"
+
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/io.hpp"
+#include "platform/text.hpp"
+
+namespace {
+
+constexpr std::size_t STATUS_SIZE = 4096;  // more than either file has up to what is looked for
+constexpr int PARENT = 4;
+
+}  // namespace
+
+std::optional<std::string> read_start(const std::string& path, std::size_t size)
+{
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    std::string start(size, '\0');
+    const ssize_t got = file ? TEMP_FAILURE_RETRY(::read(file.get(), start.data(), size)) : -1;
+    if (got < 0)
+        return {};
+    start.resize(static_cast<std::size_t>(got));
+    return start;
+}
+
+long long status_number(const std::string& line, int field, NameEnd name_end)
+{
+    const std::size_t end = name_end == NameEnd::FIRST ? line.find(')') : line.rfind(')');
+    if (end == std::string::npos)
+        return 0;
+    const char* at = line.c_str() + end + 1;
+    for (int each = 3; each < field; ++each)
+        skiptospc(at);
+    return std::strtoll(at, nullptr, 10);
+}
+
+pid_t parent_of(pid_t process)
+{
+    const auto line = read_start("/proc/" + std::to_string(process) + "/stat", STATUS_SIZE);
+    return line ? static_cast<pid_t>(status_number(*line, PARENT, NameEnd::LAST)) : 0;
+}

@@ -1,0 +1,22 @@
+// What the kernel tells of a single process under /proc, to whoever asks.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+// The first bytes of a file under /proc; none when it can't be read.
+std::optional<std::string> read_start(const std::string& path, std::size_t size);
+
+// Where the process's name ends, which stands in parentheses and may hold ")" itself. The kernel closes it
+// with the last one. Uptimes end it at the first, as front ends have always been given them.
+enum class NameEnd { FIRST, LAST };
+
+// A number of the line in /proc/PID/stat, "id (name) state parent ...", whose fields are counted from 1. 0
+// when there is none.
+long long status_number(const std::string& line, int field, NameEnd name_end);
+
+// 0 when there is no such process.
+pid_t parent_of(pid_t process);

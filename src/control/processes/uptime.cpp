@@ -1,0 +1,38 @@
+#include "control/processes/uptime.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "control/processes/process_status.hpp"
+
+namespace {
+
+constexpr int START_TIME = 22;  // in clock ticks since the kernel came up
+
+}  // namespace
+
+KernelClock read_kernel_uptime()
+{
+    KernelClock clock;
+    clock.m_ticks = ::sysconf(_SC_CLK_TCK);
+    if (const auto text = read_start("/proc/uptime", 256))
+        clock.m_uptime = static_cast<std::uint64_t>(
+            std::strtod(text->c_str(), nullptr) * static_cast<double>(clock.m_ticks));
+    return clock;
+}
+
+std::optional<double> KernelClock::uptime_of(pid_t process) const
+{
+    const std::string path = "/proc/" + std::to_string(process) + "/stat";
+    struct stat state {};
+    if (::lstat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode))
+        return {};
+    const auto line = read_start(path, 4096);
+    if (!line)
+        return 0.0;
+    const auto ticks = static_cast<long long>(m_uptime) - status_number(*line, START_TIME, NameEnd::FIRST);
+    return static_cast<double>(std::max(ticks, 0LL)) / static_cast<double>(m_ticks);
+}
