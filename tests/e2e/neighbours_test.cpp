@@ -1,5 +1,10 @@
 // What others may do in an item directory, in a metadir and at the same time, and what the tool lets them get
 // from it.
+#include <csignal>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include "e2e/sandbox_testing.hpp"
 
 using namespace std::string_literals;
@@ -152,6 +157,56 @@ TEST_F(Neighbours, ADirectoryThatIsSwappedForANewMetadirIsNotGivenAway)
     sh(IN_OUTPUTS + AS_NOBODY + "sh -c 'mv .a.metadir made; mv closed .a.metadir'");
     EXPECT_EQ(end_of_background(), "");
     EXPECT_EQ(output_of(IN_OUTPUTS + "stat -c '%u %a' made .a.metadir"), "65534 755\n0 700\n");
+}
+
+TEST_F(Neighbours, WhoeverMayWriteAMetadirChoosesNoProcessThatIsStopped)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    write_file(OUTPUTS + "service", "driver=x11\n");
+    const pid_t service = start("zelm_outctl", "service");
+    const std::string metadir = OUTPUTS + ".a.metadir";
+    const struct {
+        const char* what;
+        const char* set_up;
+        bool runs;
+    } rows[] = {
+        {"root's alone", ":", true},
+        {"root's link in another's", "chown 65534 .", true},
+        {"another's", "chown -h 65534 . $E", false},
+        {"another's link in root's, which others may write", "chown -h 65534 $E; chmod 777 .", false},
+    };
+    for (const auto& row : rows) {
+        sh("rm -rf " + metadir + "; mkdir " + metadir + " && cd " + metadir +
+            " && E=.media.item.active.socket && ln -s " + OUTPUTS + ".service.metadir/$E $E; " + row.set_up);
+        EXPECT_EQ(sh("zelm_outctl -c status -o a").status, row.runs ? 0 : 1) << row.what;
+        if (!row.runs)
+            expect_each({"zelm_outctl -c stop -o a", "zelm_outctl -c stop -o a --stop-only"}, {0, "", ""});
+        EXPECT_TRUE(is_alive(service)) << row.what;
+    }
+}
+
+TEST_F(Neighbours, ASocketThatIsHandedToAServiceMakesItNoDriver)
+{
+    if (!has_other_users())
+        GTEST_SKIP() << "no other users here";
+    sh(IN_OUTPUTS + "mkdir .a.metadir; chown 65534 .a.metadir");
+    ASSERT_EQ(::seteuid(65534), 0);
+    const Descriptor handed = socket_at(OUTPUTS + ".a.metadir/.media.item.active.socket");
+    ASSERT_EQ(::seteuid(0), 0);
+    EXPECT_EQ(::listen(handed.get(), 8), 0);
+    expect_all({{"zelm_outctl -c status -o a", 1, "Driver x11 process is stopped\n", ""}});
+    const pid_t driver = ::fork();
+    if (driver == 0)
+        ::_exit(::setresuid(0, 0, 65534) == 0 ? ::pause() : 1);
+    const pid_t service = ::fork();
+    if (service == 0)
+        ::_exit(::pause());
+    EXPECT_TRUE(eventually([&] { return pid_of("zelm_outctl", "a") == driver; }));
+    for (const pid_t child : {driver, service})
+        ::kill(child, SIGKILL);
+    while (::wait(nullptr) > 0) {
+    }
 }
 
 TEST_F(Neighbours, ALimitOnTheSizeOfFilesIsAFullDisk)

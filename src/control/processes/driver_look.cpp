@@ -34,7 +34,8 @@ HeldProcess hold(const RunningDriver& driver)
         return {};
     // It is held first and looked at then: its id may have been taken again since it was found.
     HeldProcess process(driver.pid);
-    const bool still_serves = holds_socket(PROC_PATH.c_str(), driver.pid, driver.socket);
+    const bool still_serves = holds_socket(PROC_PATH.c_str(), driver.pid, driver.socket) &&
+                              driver.users.include(PROC_PATH.c_str(), driver.pid);
     return still_serves ? std::move(process) : HeldProcess();
 }
 
@@ -85,6 +86,7 @@ DriverLook::Item DriverLook::locate(const std::string& metadir)
         return item;
     item.socket = std::move(path);
     item.file = told_numbers(state);
+    item.driver.users = DriverUsers(directory, entry);
     return item;
 }
 
@@ -144,7 +146,7 @@ void DriverLook::find_drivers(const ProcNetUnixSnapshot& table)
     sought.reserve(rows.size());
     std::set<const Item*> with_rows;
     for (const Row& row : rows)
-        sought.push_back({row.inode, with_rows.insert(row.item).second});
+        sought.push_back({row.inode, with_rows.insert(row.item).second, row.item->driver.users});
     find_holders(PROC_PATH.c_str(), sought);
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (RunningDriver& driver = rows[i].item->driver; driver.pid == 0 && sought[i].holder != 0) {

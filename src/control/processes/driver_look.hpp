@@ -7,6 +7,7 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "control/processes/driver_users.hpp"
 #include "control/processes/held_process.hpp"
 #include "control/processes/proc_snapshots.hpp"
 #include "control/processes/socket_diagnosis.hpp"
@@ -16,6 +17,7 @@
 struct RunningDriver {
     pid_t pid = 0;
     unsigned int socket = 0;
+    DriverUsers users{};
 };
 
 // Takes hold of the driver, if the process still serves the item. None otherwise.

@@ -120,6 +120,16 @@ std::vector<pid_t> processes_from_the_highest(int proc)
     return pids;
 }
 
+// Whether this is the process that was sought. One that doesn't count is asked for its users once.
+bool take_holder(const char* proc, pid_t pid, SoughtSocket& sought)
+{
+    if (sought.holder != 0 || sought.other_holder == pid)
+        return false;
+    const bool counts = sought.users.include(proc, pid);
+    (counts ? sought.holder : sought.other_holder) = pid;
+    return counts;
+}
+
 Descriptor open_directory(const char* path)
 {
     return Descriptor(::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -195,10 +205,7 @@ void find_holders(const char* proc, std::vector<SoughtSocket>& sought)
             auto found = std::lower_bound(by_inode.begin(), by_inode.end(), inode,
                 [](const auto* each, unsigned int wanted) { return each->inode < wanted; });
             for (; found != by_inode.end() && (*found)->inode == inode; ++found) {
-                if ((*found)->holder != 0)
-                    continue;
-                (*found)->holder = pid;
-                undecided -= (*found)->decides ? 1 : 0;
+                undecided -= take_holder(proc, pid, **found) && (*found)->decides ? 1 : 0;
             }
             return undecided > 0;
         });

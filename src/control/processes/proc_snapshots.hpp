@@ -9,6 +9,8 @@
 #include <sys/types.h>
 #include <vector>
 
+#include "control/processes/driver_users.hpp"
+
 // What the header of the table of Unix sockets names, and whether that will do.
 struct SocketTableHeader {
     enum class Fault : std::uint8_t { NONE, NO_FILE, NO_INODE_OR_PATH, TOO_FAR_OUT };
@@ -43,8 +45,10 @@ private:
 // A socket whose holder is looked for.
 struct SoughtSocket {
     unsigned int inode;
-    bool decides;      // the search goes on until this one's holder is found
-    pid_t holder = 0;  // of several processes the one with the highest id; 0 when nobody holds it
+    bool decides;            // the search goes on until this one's holder is found
+    DriverUsers users{};     // whose processes count
+    pid_t holder = 0;        // of several that count the one with the highest id; 0 when none does
+    pid_t other_holder = 0;  // the last one that was found not to count
 };
 
 // Walks a directory of the form of /proc, from the highest process down, and fills in the holders. It ends

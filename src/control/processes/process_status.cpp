@@ -42,3 +42,22 @@ pid_t parent_of(pid_t process)
     const auto line = read_start("/proc/" + std::to_string(process) + "/stat", STATUS_SIZE);
     return line ? static_cast<pid_t>(status_number(*line, PARENT, NameEnd::LAST)) : 0;
 }
+
+std::vector<uid_t> users_of(const char* proc, pid_t process)
+{
+    constexpr char USERS[] = "\nUid:";
+    const auto status =
+        read_start(std::string(proc) + "/" + std::to_string(process) + "/status", STATUS_SIZE);
+    const std::size_t line = status ? status->find(USERS) : std::string::npos;
+    if (line == std::string::npos)
+        return {};
+    std::vector<uid_t> users;
+    const char* at = status->c_str() + line + sizeof USERS - 1;
+    for (char* end = nullptr; users.size() < 3; at = end) {
+        const auto user = static_cast<uid_t>(std::strtoul(at, &end, 10));
+        if (end == at)
+            return {};
+        users.push_back(user);
+    }
+    return users;
+}

@@ -20,3 +20,7 @@ long long status_number(const std::string& line, int field, NameEnd name_end);
 
 // 0 when there is no such process.
 pid_t parent_of(pid_t process);
+
+// The real, effective and saved user id of a process of a directory of the form of /proc; none when it has
+// gone. The owner of that directory would be root for one that can't be dumped.
+std::vector<uid_t> users_of(const char* proc, pid_t process);
