@@ -47,7 +47,7 @@ extern std::vector<std::string> itemlist;  // the names in it, sorted by their b
 extern std::FILE* stdout_write;
 extern std::FILE* stderr_write;
 
-// What a command says that was given no item. It is written as a format.
+// What a command says that was given no item.
 extern const char* const NO_OUTPUT_SPECIFIED_MESSAGE;
 
 // Sets next_timeout to per_item_timeout from now, or to no limit.
