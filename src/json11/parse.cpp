@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
+#include <iterator>
 #include <rapidjson/reader.h>
 #include <string_view>
 #include <utility>
@@ -100,51 +101,45 @@ public:
 
     explicit Builder(const Source& source) : m_source(source) {}
 
-    Json whole() const { return m_open.front().elements.front(); }
+    Json whole() const { return m_values.front(); }
 
     bool Null() { return put(nullptr); }
     bool Bool(bool value) { return put(value); }
     bool Default() { return put(m_source.number()); }  // of every other kind
     bool String(const char* text, Size size, bool) { return put(std::string(text, size)); }
-    bool StartArray() { return open(false); }
-    bool StartObject() { return open(true); }
-    bool Key(const char* text, Size size, bool) { return m_open.back().name.assign(text, size), true; }
-    bool EndArray(Size) { return put(close().elements); }
-    bool EndObject(Size) { return put(close().members); }
+    bool Key(const char* text, Size size, bool) { return m_names.emplace_back(text, size), true; }
+    bool StartArray() { return m_depth++ <= DEEPEST; }
+    bool StartObject() { return m_depth++ <= DEEPEST; }
+    bool EndArray(Size count) { return --m_depth, put(last(m_values, count)); }
+    bool EndObject(Size count)
+    {
+        Json::object members;
+        const std::vector<std::string> names = last(m_names, count);
+        const Json::array values = last(m_values, count);
+        for (Size i = 0; i < count; ++i)
+            members[names[i]] = values[i];
+        return --m_depth, put(std::move(members));
+    }
 
 private:
-    struct Level {
-        bool is_object = false;
-        Json::array elements = {};
-        Json::object members = {};
-        std::string name = {};  // of the next member
-    };
-
     bool put(Json value)
     {
-        Level& level = m_open.back();
-        if (level.is_object)
-            level.members[level.name] = std::move(value);
-        else
-            level.elements.push_back(std::move(value));
-        return m_open.size() - 1 <= DEEPEST;
+        m_values.push_back(std::move(value));
+        return m_depth <= DEEPEST;
     }
 
-    bool open(bool is_object)
+    template <typename Type> static std::vector<Type> last(std::vector<Type>& all, Size count)
     {
-        m_open.push_back({is_object});
-        return m_open.size() - 2 <= DEEPEST;
-    }
-
-    Level close()
-    {
-        Level level = std::move(m_open.back());
-        m_open.pop_back();
-        return level;
+        const auto first = std::make_move_iterator(all.end() - count);
+        std::vector<Type> taken(first, std::make_move_iterator(all.end()));
+        all.resize(all.size() - count);
+        return taken;
     }
 
     const Source& m_source;
-    std::vector<Level> m_open{1};  // the first is around the whole
+    std::size_t m_depth = 0;
+    Json::array m_values;              // of what is not closed yet
+    std::vector<std::string> m_names;  // of those that are members
 };
 
 // They tell nothing of what is in front of the fault: all texts that end in the same one have it in the same
