@@ -74,16 +74,16 @@ int infolist_load(InfoList& list, const std::string& filename)
     const Descriptor file = open_settings(::dirfd(itemdir.get()), filename);
     if (!file)
         return -1;
-    load_infolist_from_file(list, file.get());
+    load_infolist_from_file(list, role_of_run(), file.get());
     return 0;
 }
 
-void load_infolist_from_file(InfoList& list, int file)
+void load_infolist_from_file(InfoList& list, const Role& role, int file)
 {
     std::string& kept = list.keep({});
     read_file_to_end(file, SETTINGS_LIMIT, kept);
     std::string_view text = kept;
-    if (role_of_run().driver_source == DriverSource::MARKER_LINE && text.starts_with("#!"))
+    if (role.driver_source == DriverSource::MARKER_LINE && text.starts_with("#!"))
         take_marker_line(list, cut_line(text));
     CollectedSettings collected(list);
     while (!text.empty())
@@ -96,7 +96,7 @@ void load_infolist_from_file(InfoList& list, int file)
         item.value = value;
         item.marker = '=';
     });
-    if (role_of_run().driver_source == DriverSource::DRIVER_LINE && !list.find("driver")) {
+    if (role.driver_source == DriverSource::DRIVER_LINE && !list.find("driver")) {
         infolist_item& driver = list["driver"];
         driver.marker = '?';
         driver.s_flag = true;

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
+#include "control/items/role.hpp"
 #include "platform/mediaitem.hpp"
 #include "settings/infolist_item.hpp"
 
@@ -12,9 +12,9 @@
 // first. 0, or -1 when there is no such file.
 int infolist_load(InfoList& list, const std::string& filename);
 
-// Reads an open settings file, which must be a regular one, into the list. Malformed lines are skipped, and a
-// read error ends the file.
-void load_infolist_from_file(InfoList& list, int file);
+// Reads an open settings file of an item of that role, which must be a regular one, into the list. Malformed
+// lines are skipped, and a read error ends the file.
+void load_infolist_from_file(InfoList& list, const Role& role, int file);
 
 // Copies the value of the key. 0, or -1 with an empty `out` when there is no such key.
 int infolist_get(std::string& out, const InfoList& list, const char* key);

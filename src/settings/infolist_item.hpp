@@ -51,7 +51,7 @@ private:
 
 template <typename Sorted, typename Fill> void InfoList::update(const Sorted& sorted, Fill fill)
 {
-    constexpr std::size_t SINGLE_ENTRIES = 8;  // as many as are made one by one, more or less
+    constexpr std::size_t SINGLE_ENTRIES = 8;  // room for those that operator[] adds to a listing
     std::vector<Entry> merged;
     merged.reserve(m_entries.size() + sorted.size() + SINGLE_ENTRIES);
     auto old = m_entries.begin();

@@ -9,7 +9,6 @@
 #include "control/infolist.hpp"
 #include "control/items/rewrite_settings.hpp"
 #include "control/processes/proc_snapshots.hpp"
-#include "control/run_state.hpp"
 #include "platform/mediaitem.hpp"
 #include "platform/metadata.hpp"
 #include "platform/packet.hpp"
@@ -143,10 +142,9 @@ void fuzz_packets(std::string_view bytes)
 // mark; a third one leaves all as it is.
 void fuzz_settings(std::string_view bytes)
 {
-    for (const ItemKind kind : {ItemKind::OUTPUT, ItemKind::INPUT}) {
-        exec_mode = static_cast<int>(kind);
+    for (const Role& role : ROLES) {
         InfoList list;
-        load_infolist_from_file(list, nameless_file(bytes).get());
+        load_infolist_from_file(list, role, nameless_file(bytes).get());
     }
     const std::string twice = rewritten(rewritten(bytes));
     require(rewritten(twice) == twice);

@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstring>
-#include <unistd.h>
 
 #include "control/commands/item_checks.hpp"
 #include "control/commands/items_of_run.hpp"
