@@ -42,16 +42,17 @@ inline bool has_parts(const Json& json, const char* first, const char* second)
     return member_of(&json, first) && member_of(&json, second);
 }
 
-constexpr bool is_integer(std::string_view text)
+constexpr bool is_integer_text(std::string_view text)
 {
     text.remove_prefix(text.starts_with('-') ? 1 : 0);
     return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
 }
 
-constexpr bool is_number(std::string_view text)
+constexpr bool is_number_text(std::string_view text)
 {
     const std::size_t dot = text.find('.');
-    return is_integer(text.substr(0, dot)) && (dot == text.npos || is_integer(text.substr(dot + 1)));
+    return is_integer_text(text.substr(0, dot)) &&
+           (dot == text.npos || is_integer_text(text.substr(dot + 1)));
 }
 
 // Whether the text is two that these accept, with the separator between them.
@@ -102,7 +103,7 @@ struct Boolean {
 };
 
 struct Integer {
-    static constexpr bool takes(std::string_view text) { return text.empty() || is_integer(text); }
+    static constexpr bool takes(std::string_view text) { return text.empty() || is_integer_text(text); }
     static Json written(const std::string& text, std::string_view) { return integer_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -112,7 +113,7 @@ struct Integer {
 };
 
 struct Number {
-    static constexpr bool takes(std::string_view text) { return text.empty() || is_number(text); }
+    static constexpr bool takes(std::string_view text) { return text.empty() || is_number_text(text); }
     static Json written(const std::string& text, std::string_view) { return number_in(text); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
@@ -203,7 +204,8 @@ struct Device : Text {
 struct TimedValue {
     static constexpr bool takes(std::string_view text)
     {
-        return (text.ends_with('s') || text.ends_with('f')) && is_number(text.substr(0, text.size() - 1));
+        return (text.ends_with('s') || text.ends_with('f')) &&
+               is_number_text(text.substr(0, text.size() - 1));
     }
     static Json written(const std::string& text, std::string_view)
     {
@@ -237,7 +239,10 @@ struct WholeTimedValue : TimedValue {
 
 // The {} of a ratio that is not set leaves the flat key alone too.
 struct Ratio {
-    static constexpr bool takes(std::string_view text) { return is_pair(text, ':', is_integer, is_integer); }
+    static constexpr bool takes(std::string_view text)
+    {
+        return is_pair(text, ':', is_integer_text, is_integer_text);
+    }
     static Json written(const std::string& text, std::string_view)
     {
         if (text.empty())
@@ -261,7 +266,7 @@ struct Ratio {
 struct FrameRate {
     static constexpr bool takes(std::string_view text)
     {
-        return is_pair(text, ':', is_integer, [](std::string_view right) {
+        return is_pair(text, ':', is_integer_text, [](std::string_view right) {
             const std::size_t end = right.find_first_not_of("0123456789");
             return end > 0 && end != right.npos && is_among(right.substr(end), {"p", "li bff", "li tff"});
         });
