@@ -55,8 +55,8 @@ bool flush_directory(int directory);
 // flock(2), waiting as long as it takes. 0 on success, -1 with errno set.
 int lock_exclusively(int fd);
 
-// Adds to the text all that the descriptor gives from where it stands. False with errno set when that makes the
-// text longer than `limit` bytes, EFBIG, and on a read error; what came before has then been added.
+// Adds to the text all that the descriptor gives from where it stands. False with errno set when that makes
+// the text longer than `limit` bytes, EFBIG, and on a read error; what came before has then been added.
 bool read_to_end(int fd, std::size_t limit, std::string& text);
 
 // The same of a regular file, with a call of the kernel less: only its end gives less than is asked for.

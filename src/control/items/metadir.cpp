@@ -28,7 +28,8 @@ void keep_access_to_directories()
     ::syscall(SYS_capset, &header, sets);
 }
 
-// While it lasts, what the process makes belongs to that user and group, as far as the process may have it so.
+// While it lasts, what the process makes belongs to that user and group, as far as the process may have it
+// so.
 class FileOwner {
 public:
     FileOwner(uid_t user, gid_t group)

@@ -16,8 +16,8 @@ std::string active_socket_path(const std::string& metadir);
 // a directory too.
 Descriptor open_metadir(int directory, const std::string& name);
 
-// Makes a metadir, unless something has its name. It belongs to the owner of the settings file, whose driver has
-// to bind its socket there, as far as the caller may have it so; what can't be had, the driver tells.
+// Makes a metadir, unless something has its name. It belongs to the owner of the settings file, whose driver
+// has to bind its socket there, as far as the caller may have it so; what can't be had, the driver tells.
 void make_metadir(int directory, const std::string& name, const struct stat& settings);
 
 // Removes a metadir with the entries that are known. False with errno set when it can't be, as when it holds
