@@ -8,6 +8,8 @@ template <const auto& ROWS> class Emit : public EmitJson {
     Document emitJson() const override { return members(PACKED<ROWS>); }
 };
 
+// A name that is declared can't stand in parentheses.
+// NOLINTNEXTLINE(bugprone-macro-parentheses)
 #define DRIVER(word, kind, table, Emitter, Consumer) using Emitter = Emit<fields::table>;
 #include "schema/drivers.def"
 
