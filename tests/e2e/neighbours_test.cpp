@@ -188,8 +188,8 @@ TEST_F(Neighbours, WhoeverMayWriteAMetadirChoosesNoProcessThatIsStopped)
 
 TEST_F(Neighbours, ASocketThatIsHandedToAServiceMakesItNoDriver)
 {
-    if (!has_other_users())
-        GTEST_SKIP() << "no other users here";
+    if (!sees_other_users())
+        GTEST_SKIP() << "other users' processes can't be seen here";
     sh(IN_OUTPUTS + "mkdir .a.metadir; chown 65534 .a.metadir");
     ASSERT_EQ(::seteuid(65534), 0);
     const Descriptor handed = socket_at(OUTPUTS + ".a.metadir/.media.item.active.socket");
