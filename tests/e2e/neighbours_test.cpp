@@ -203,9 +203,10 @@ TEST_F(Neighbours, ASocketThatIsHandedToAServiceMakesItNoDriver)
     if (service == 0)
         ::_exit(::pause());
     EXPECT_TRUE(eventually([&] { return pid_of("zelm_outctl", "a") == driver; }));
-    for (const pid_t child : {driver, service})
+    for (const pid_t child : {driver, service}) {
+        ASSERT_GT(child, 0);
         ::kill(child, SIGKILL);
-    while (::wait(nullptr) > 0) {
+        ::waitpid(child, nullptr, 0);
     }
 }
 
