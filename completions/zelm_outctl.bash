@@ -1,4 +1,4 @@
-# Completion of the four tools and of zelm_check for bash.
+# Completion of the four tools and of zelmctl for bash.
 
 _zelm_candidates=${BASH_SOURCE[0]%/*}/../../zelmctl/candidates
 
@@ -61,4 +61,4 @@ _zelm() {
         COMPREPLY+=("$quoted")
     done <<<"$candidates"
     [[ ${#COMPREPLY[@]} == 1 && ${COMPREPLY[0]} == *[=/] ]] && compopt -o nospace
-} && complete -F _zelm zelm_chctl zelm_outctl zelm_inctl zelm_routectl zelm_check
+} && complete -F _zelm zelm_chctl zelm_outctl zelm_inctl zelm_routectl zelmctl

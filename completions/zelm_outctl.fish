@@ -1,4 +1,4 @@
-# Completion of the four tools and of zelm_check for fish, which reads it under the name of each.
+# Completion of the four tools and of zelmctl for fish, which reads it under the name of each.
 
 set -g __zelm_candidates (status dirname)/../../zelmctl/candidates
 

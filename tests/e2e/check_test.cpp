@@ -1,4 +1,4 @@
-// What zelm_check says of documents, settings files and manifests, and what of it the tools then do.
+// What zelmctl check says of documents, settings files and manifests, and what of it the tools then do.
 #include "e2e/sandbox_testing.hpp"
 
 using namespace std::string_literals;
@@ -16,7 +16,7 @@ protected:
     {
         for (const Row& row : rows) {
             write_file("/run/f", row.bytes);
-            const Outcome checked = sh("cd /run; zelm_check " + row.arguments + " f");
+            const Outcome checked = sh("cd /run; zelmctl check " + row.arguments + " f");
             EXPECT_EQ(checked.out + checked.err, row.findings) << row.arguments << "\n" << row.bytes;
             EXPECT_EQ(checked.status, row.findings.empty() ? 0 : 1) << row.bytes;
         }
@@ -183,24 +183,24 @@ TEST_F(Check, TellsItsVerdictToScripts)
 {
     write_file(OUTPUTS + "a", "driver=x11\ntitel=\xff\n");
     expect_all({
-        {"echo driver=x11 | zelm_check --json settings --kind output -", 0, "[]\n", ""},
-        {"zelm_check settings /run/gone " + OUTPUTS + "gone " + OUTPUTS + "a", 2,
+        {"echo driver=x11 | zelmctl check --json settings --kind output -", 0, "[]\n", ""},
+        {"zelmctl check settings /run/gone " + OUTPUTS + "gone " + OUTPUTS + "a", 2,
             "/mnt/main/tv/outputs/a:2: unknown key \"titel\"; did you mean \"title\"?\n",
             "/run/gone: no directory of items; which kind is it? --kind tells\n"
             "/mnt/main/tv/outputs/gone: No such file or directory\n"},
-        {"zelm_check --version | grep -E '^zelmctl [0-9]+\\.[0-9]+\\.[0-9]+$' >/dev/null", 0, "", ""},
-        {"zelm_check document a 2>&1 | head -n 1", 0, "zelm_check: --driver WORD is missing\n", ""},
-        {"zelm_check manifest 2>&1 | head -n 1", 0, "zelm_check: FILE is missing\n", ""},
+        {"zelmctl --version | grep -E '^zelmctl [0-9]+\\.[0-9]+\\.[0-9]+$' >/dev/null", 0, "", ""},
+        {"zelmctl check document a 2>&1 | head -n 1", 0, "zelmctl check: --driver WORD is missing\n", ""},
+        {"zelmctl check manifest 2>&1 | head -n 1", 0, "zelmctl check: FILE is missing\n", ""},
         // A terminal takes also the overlong form of a control character for one.
-        {"cd /run; f=$(printf 'a\\033\\302\\233\\340\\202\\233'); echo '[' >\"$f\"; zelm_check manifest \"$f\" \"$f.gone\"",
+        {"cd /run; f=$(printf 'a\\033\\302\\233\\340\\202\\233'); echo '[' >\"$f\"; zelmctl check manifest \"$f\" \"$f.gone\"",
             2, "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b:1: a section ends in \"]\"\n",
             "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b.gone: No such file or directory\n"},
-        {"timeout 10 zelm_check manifest - </dev/zero", 2, "", "-: File too large\n"},
-        {"rm -f /run/pipe; mkfifo /run/pipe; timeout 10 zelm_check manifest /run /run/pipe", 2, "",
+        {"timeout 10 zelmctl check manifest - </dev/zero", 2, "", "-: File too large\n"},
+        {"rm -f /run/pipe; mkfifo /run/pipe; timeout 10 zelmctl check manifest /run /run/pipe", 2, "",
             "/run: Is a directory\n/run/pipe: No regular file\n"},
-        {"seq 3000 | zelm_check settings --kind channel - | tail -n 1", 0,
+        {"seq 3000 | zelmctl check settings --kind channel - | tail -n 1", 0,
             "-: there is more than the 1000 findings above\n", ""},
-        {"echo '[' | zelm_check manifest - >/dev/full", 2, "", "zelm_check: No space left on device\n"},
+        {"echo '[' | zelmctl check manifest - >/dev/full", 2, "", "zelmctl: No space left on device\n"},
     });
 }
 

@@ -20,7 +20,7 @@ TOOLS = [
 # What was typed by hand. Two keys end a listing whose text is none of theirs.
 TEXTS = ["", "1", "-2.5", "loud", "3000000000", "1e999", "nan", "15", "25/1p", "text", "decibelm5", "/a//b/", "a b"]
 SAFE = {"audio meter": "-inf,-3", "video aspect ratio": "16:9"}
-# What is stored as it stands, and what is not: the schema and zelm_check are of one mind.
+# What is stored as it stands, and what is not: the schema and zelmctl check are of one mind.
 TAKEN = [
     ("knox_rsii", {"inputs": 8}), ("x11", {"driver": None}), ("alsa", {"driver": "alsa", "alsa_output": None}),
     ("x11", {"video": {"rate": "25"}, "x11": {"title": 7.5, "fullscreen": {"position": {"x": -3}}}}),
@@ -90,7 +90,7 @@ def form_of(schema):
 
 
 def findings(driver, document):
-    found = subprocess.run(["zelm_check", "--json", "document", "--driver", driver, "-"], input=json.dumps(document),
+    found = subprocess.run(["zelmctl", "check", "--json", "document", "--driver", driver, "-"], input=json.dumps(document),
                            stdout=subprocess.PIPE, encoding="utf-8").stdout
     return [finding for finding in json.loads(found) if finding.get("member") not in TWOFOLD]
 
@@ -152,7 +152,7 @@ for verdict, rows in (True, TAKEN), (False, REFUSED):
         if Draft202012Validator(schema_of(driver)).is_valid(document) != verdict:
             print(f"{driver}: the schema is wrong of {document}")
         if (findings(driver, document) == []) != verdict:
-            print(f"{driver}: zelm_check is wrong of {document}: {findings(driver, document)}")
+            print(f"{driver}: zelmctl check is wrong of {document}: {findings(driver, document)}")
 for driver, path, expected in MEMBERS:
     member = schema_of(driver)
     for name in path:

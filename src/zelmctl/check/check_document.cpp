@@ -1,13 +1,13 @@
-#include "check/check_document.hpp"
+#include "zelmctl/check/check_document.hpp"
 
 #include <algorithm>
 #include <set>
 
-#include "check/document_effect.hpp"
-#include "check/document_shape.hpp"
-#include "check/json_position.hpp"
-#include "check/known_settings.hpp"
-#include "check/value_change.hpp"
+#include "zelmctl/check/document_effect.hpp"
+#include "zelmctl/check/document_shape.hpp"
+#include "zelmctl/check/json_position.hpp"
+#include "zelmctl/check/known_settings.hpp"
+#include "zelmctl/check/value_change.hpp"
 #include "schema/codings.hpp"
 
 using json11::Json;

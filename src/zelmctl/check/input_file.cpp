@@ -1,4 +1,4 @@
-#include "check/input_file.hpp"
+#include "zelmctl/check/input_file.hpp"
 
 #include <cerrno>
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "check/stored_settings.hpp"
+#include "zelmctl/check/stored_settings.hpp"
 
 std::size_t StoredSettings::take(const SettingsLine& setting, std::size_t line)
 {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "check/nearest_name.hpp"
+#include "zelmctl/check/nearest_name.hpp"
 #include "schema/schemas.hpp"
 
 struct Shape {

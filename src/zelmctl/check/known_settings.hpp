@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "check/nearest_name.hpp"
+#include "zelmctl/check/nearest_name.hpp"
 #include "schema/schemas.hpp"
 
 // The table of a driver word; "channel" and the empty word mean a channel's. Null for a word that has none.

@@ -1,4 +1,4 @@
-#include "check/document_shape.hpp"
+#include "zelmctl/check/document_shape.hpp"
 
 #include "schema/codings.hpp"
 

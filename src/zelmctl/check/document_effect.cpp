@@ -1,4 +1,4 @@
-#include "check/document_effect.hpp"
+#include "zelmctl/check/document_effect.hpp"
 
 #include "platform/io.hpp"
 #include "schema/composite_text.hpp"

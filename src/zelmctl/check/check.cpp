@@ -1,4 +1,4 @@
-#include "check/zelm_check.hpp"
+#include "zelmctl/check/check.hpp"
 
 #include <cerrno>
 #include <cstdio>
@@ -6,20 +6,18 @@
 #include <filesystem>
 #include <optional>
 
-#include "check/check_document.hpp"
-#include "check/check_manifest.hpp"
-#include "check/check_settings.hpp"
-#include "check/input_file.hpp"
+#include "zelmctl/check/check_document.hpp"
+#include "zelmctl/check/check_manifest.hpp"
+#include "zelmctl/check/check_settings.hpp"
+#include "zelmctl/check/input_file.hpp"
+#include "zelmctl/printable.hpp"
+#include "zelmctl/status.hpp"
 
 namespace {
 
-constexpr int NOTHING_FOUND = 0;
-constexpr int FOUND = 1;
-constexpr int FAILED = 2;
-
-constexpr char USAGE[] = R"(usage: zelm_check [--json] document --driver WORD FILE...
-       zelm_check [--json] settings [--kind channel|output|input|router] FILE...
-       zelm_check [--json] manifest FILE...
+constexpr char USAGE[] = R"(usage: zelmctl check [--json] document --driver WORD FILE...
+       zelmctl check [--json] settings [--kind channel|output|input|router] FILE...
+       zelmctl check [--json] manifest FILE...
 
 Says what the tools pass over in silence: of a JSON document for "set" of that driver ("channel" for a
 channel's), of an item's settings file, and of a driver's manifest. FILE may be "-", standard input.
@@ -27,7 +25,6 @@ channel's), of an item's settings file, and of a driver's manifest. FILE may be 
   --driver WORD  the driver whose document it is
   --kind KIND    the kind of the item, which otherwise follows from the file's directory
   --json         print the findings as one JSON array
-  --version      print the version, which is that of the tools too
 
 Exit status: 0 nothing found, 1 something found, 2 wrong usage or unreadable input.
 )";
@@ -101,16 +98,16 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
     return is_read;
 }
 
-int check_files(const CommandLine& line)
+Status check_files(const CommandLine& line)
 {
-    int status = NOTHING_FOUND;
+    Status status = IS_SO;
     json11::Json::array array;
     for (const std::string& file : line.files) {
         Findings findings;
         if (!check_file(line, file, findings))
-            status = FAILED;
+            status = TROUBLE;
         for (const Finding& finding : findings.all()) {
-            status = std::max(status, FOUND);
+            status = std::max(status, IS_NOT_SO);
             if (line.wants_json)
                 array.push_back(as_json(file, finding));
             else
@@ -122,10 +119,10 @@ int check_files(const CommandLine& line)
     return status;
 }
 
-int refuse(const std::string& why)
+Status refuse(const std::string& why)
 {
-    std::fprintf(stderr, "zelm_check: %s\n%s", printable(why).c_str(), USAGE);
-    return FAILED;
+    std::fprintf(stderr, "zelmctl check: %s\n%s", printable(why).c_str(), USAGE);
+    return TROUBLE;
 }
 
 // Why it can't be run; empty if it can.
@@ -142,28 +139,16 @@ std::string fault_of(const CommandLine& line)
     return line.files.empty() ? "FILE is missing" : "";
 }
 
-int flushed(int status)
-{
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
-        return status;
-    std::fprintf(stderr, "zelm_check: %s\n", std::strerror(errno));
-    return FAILED;
-}
-
 }  // namespace
 
-int zelm_check(int argc, char** argv)
+Status check(int argc, char** argv)
 {
     CommandLine line;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
         if (word == "--help" || word == "-h") {
             std::fputs(USAGE, stdout);
-            return flushed(NOTHING_FOUND);
-        }
-        if (word == "--version") {
-            std::puts("zelmctl " ZELMCTL_VERSION);
-            return flushed(NOTHING_FOUND);
+            return IS_SO;
         }
         if (word == "--json")
             line.wants_json = true;
@@ -181,5 +166,5 @@ int zelm_check(int argc, char** argv)
             line.files.push_back(word);
     }
     const std::string fault = fault_of(line);
-    return fault.empty() ? flushed(check_files(line)) : refuse(fault);
+    return fault.empty() ? check_files(line) : refuse(fault);
 }

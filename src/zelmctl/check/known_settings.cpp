@@ -1,4 +1,4 @@
-#include "check/known_settings.hpp"
+#include "zelmctl/check/known_settings.hpp"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "check/nearest_name.hpp"
+#include "zelmctl/check/nearest_name.hpp"
 
 #include <algorithm>
 #include <tuple>

@@ -1,8 +1,8 @@
-#include "check/value_change.hpp"
+#include "zelmctl/check/value_change.hpp"
 
 #include <charconv>
 
-#include "check/findings.hpp"
+#include "zelmctl/check/findings.hpp"
 #include "schema/codings.hpp"
 
 using json11::Json;

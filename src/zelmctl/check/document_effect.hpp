@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "check/stored_settings.hpp"
+#include "zelmctl/check/stored_settings.hpp"
 
 struct DocumentEffect {
     std::set<std::string, std::less<>> keys;  // that are set, to nothing too

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "check/findings.hpp"
+#include "zelmctl/check/findings.hpp"
 
 // `driver` is a driver word; "channel" and the empty word mean a channel's document. Any other word that has
 // no document is found, and read as a channel's, as the tools do.

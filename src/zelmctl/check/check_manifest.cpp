@@ -1,4 +1,4 @@
-#include "check/check_manifest.hpp"
+#include "zelmctl/check/check_manifest.hpp"
 
 #include "platform/io.hpp"
 #include "platform/mediaitem.hpp"

@@ -1,7 +1,7 @@
-#include "check/check_settings.hpp"
+#include "zelmctl/check/check_settings.hpp"
 
-#include "check/known_settings.hpp"
-#include "check/stored_settings.hpp"
+#include "zelmctl/check/known_settings.hpp"
+#include "zelmctl/check/stored_settings.hpp"
 #include "platform/io.hpp"
 #include "schema/codings.hpp"
 

@@ -36,9 +36,6 @@ private:
     bool m_has_more = false;
 };
 
-// A text that others wrote, for a terminal: control characters and what is no UTF-8 are escaped byte by byte.
-std::string printable(std::string_view text);
-
 // "FILE:LINE: ..." or "FILE: path.of.member: ...", and the same as JSON.
 std::string as_line(const std::string& file, const Finding& finding);
 json11::Json as_json(const std::string& file, const Finding& finding);

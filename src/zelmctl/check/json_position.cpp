@@ -1,4 +1,4 @@
-#include "check/json_position.hpp"
+#include "zelmctl/check/json_position.hpp"
 
 #include <algorithm>
 #include <json11.hpp>
