@@ -148,9 +148,12 @@ void DriverLook::find_drivers(const ProcNetUnixSnapshot& table)
     for (const Row& row : rows)
         sought.push_back({row.inode, with_rows.insert(row.item).second, row.item->driver.users});
     find_holders(PROC_PATH.c_str(), sought);
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (RunningDriver& driver = rows[i].item->driver; driver.pid == 0 && sought[i].holder != 0) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        RunningDriver& driver = rows[i].item->driver;
+        if (driver.pid == 0 && sought[i].holder != 0) {
             driver.pid = sought[i].holder;
             driver.socket = rows[i].inode;
         }
+        driver.is_hidden = driver.pid == 0 && (driver.is_hidden || sought[i].other_holder == 0);
+    }
 }

@@ -17,6 +17,7 @@
 struct RunningDriver {
     pid_t pid = 0;
     unsigned int socket = 0;
+    bool is_hidden = false;  // somebody holds the item's socket whom the caller may not see
     DriverUsers users{};
 };
 

@@ -1,0 +1,66 @@
+#include "zelmctl/found_items.hpp"
+
+#include <cerrno>
+#include <cstring>
+
+#include "control/infolist.hpp"
+#include "control/items/item_directory.hpp"
+#include "control/items/metadir.hpp"
+#include "zelmctl/options.hpp"
+
+namespace {
+
+bool is_named(const Selection& selection, const Role& role)
+{
+    return selection.has_all(role) || !selection.names(role).empty();
+}
+
+}  // namespace
+
+FoundItems find_items(const Selection& selection)
+{
+    FoundItems found;
+    for (const Role& role : ROLES) {
+        if (!is_named(selection, role))
+            continue;
+        const Directory directory(::opendir(role.directory));
+        if (!directory && errno == ENOENT)
+            continue;
+        auto names = directory ? read_item_names(directory.get(), role) : std::nullopt;
+        if (!names) {
+            found.status = complain(std::string(role.directory) + ": " + std::strerror(errno));
+            continue;
+        }
+        for (std::string& name : *names)
+            if (selection.includes({&role, name}))
+                found.items.push_back({&role, std::move(name)});
+    }
+    return found;
+}
+
+bool has_autostart(const ItemId& item)
+{
+    const Descriptor file = open_settings(AT_FDCWD, settings_path(item.role->directory, item.name));
+    InfoList list;
+    if (file)
+        load_infolist_from_file(list, *item.role, file.get());
+    return infolist_get_autostart(list) > 0;
+}
+
+std::string metadir_of(const ItemId& item)
+{
+    std::string metadir;
+    find_metadir(settings_path(item.role->directory, item.name), metadir);
+    return metadir;
+}
+
+FoundDrivers find_drivers(const std::vector<ItemId>& items)
+{
+    std::vector<std::string> metadirs;
+    metadirs.reserve(items.size());
+    for (const ItemId& item : items)
+        metadirs.push_back(metadir_of(item));
+    const DriverLook look(metadirs);
+    const bool is_told = look.header().fault == SocketTableHeader::Fault::NONE;
+    return {look.drivers(), is_told ? IS_SO : complain("/proc/net/unix doesn't tell who serves the items")};
+}

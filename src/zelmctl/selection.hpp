@@ -1,0 +1,47 @@
+// Which items a command line names.
+#pragma once
+
+#include <array>
+#include <compare>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "control/items/role.hpp"
+
+// An item of the appliance.
+struct ItemId {
+    const Role* role;  // a row of ROLES
+    std::string name;
+
+    auto operator<=>(
+        const ItemId&) const = default;  // kind by kind in the order of ROLES, then by the name's bytes
+};
+
+// "output/main", for people.
+std::string printable(const ItemId& item);
+
+// The member of a document that has the items of a kind: "outputs".
+std::string plural(const Role& role);
+
+class Selection {
+public:
+    // Takes in "output/main", "output" for all outputs, or "all". False for what is none of that.
+    bool add(std::string_view word);
+
+    bool is_empty() const;
+    bool has_all(const Role& role) const { return of(role).has_all; }
+    bool includes(const ItemId& item) const;
+
+    // The items of the kind that are named one by one.
+    const std::set<std::string, std::less<>>& names(const Role& role) const { return of(role).names; }
+
+private:
+    struct OfRole {
+        bool has_all = false;
+        std::set<std::string, std::less<>> names{};
+    };
+    const OfRole& of(const Role& role) const { return m_roles[static_cast<std::size_t>(&role - ROLES)]; }
+
+    std::array<OfRole, std::size(ROLES)> m_roles;
+};
