@@ -1,8 +1,9 @@
 // The least that a command can cost, for the measurements:
-//   floor status                     one read of the socket table, one pass over the descriptors of all
-//   processes floor running SOCKET...          the same, and one exchange after the other floor stopped
-//   DIRECTORY MANIFEST prints what "list" does of stopped outputs: two lstat and one read an item,
-//                                    nothing that was read is copied, and one write
+//
+//     floor status                       one read of the socket table, and one pass over all descriptors
+//     floor running SOCKET...            the same, and one exchange after the other
+//     floor stopped DIRECTORY MANIFEST   prints what "list" does of stopped outputs: for each two lstat and
+//                                        one read, nothing that was read is copied, and one write
 #include <algorithm>
 #include <dirent.h>
 #include <fcntl.h>
