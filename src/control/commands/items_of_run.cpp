@@ -51,12 +51,6 @@ std::string settings_path(const std::string& item)
     return settings_path(mode_list_path, item);
 }
 
-std::string item_argslist_path(const std::string& driver)
-{
-    const Role* role = find_role(exec_mode);
-    return role ? manifest_path(*role, driver) : "";
-}
-
 int read_driver_field(const std::string& item, std::string* driver)
 {
     driver->clear();

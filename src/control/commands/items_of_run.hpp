@@ -15,9 +15,6 @@ int build_itemlist();
 // The settings file of an item.
 std::string settings_path(const std::string& item);
 
-// The manifest of the driver; empty for an unknown mode.
-std::string item_argslist_path(const std::string& driver);
-
 // The driver word of an item, empty if it has none: the last "driver=" line of an output or router, the
 // marker line of an input, nothing for a channel. 0, or -1 with a message when the file can't be opened.
 int read_driver_field(const std::string& item, std::string* driver);

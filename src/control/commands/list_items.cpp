@@ -1,131 +1,22 @@
 #include "control/commands/list_items.hpp"
 
-#include <sys/stat.h>
 #include <vector>
 
 #include "control/commands/drivers_of_run.hpp"
+#include "control/commands/gather_item.hpp"
 #include "control/commands/item_text.hpp"
 #include "control/commands/items_of_run.hpp"
 #include "control/commands/report_query.hpp"
 #include "control/infolist.hpp"
-#include "control/items/file_type.hpp"
-#include "control/items/manifests.hpp"
 #include "control/items/metadir.hpp"
-#include "control/processes/uptime.hpp"
 #include "control/reports/report_queries.hpp"
 #include "control/run_state.hpp"
 #include "schema/create_emitter.hpp"
 
 namespace {
 
-constexpr const char* REGIONS[] = {
-    "item",
-    "!alt1",
-    "!alt2",
-    "background music",
-    "global item 1",
-    "global item 2",
-    "global item 3",
-    "global item 4",
-    "global item 5",
-    "global item 6",
-    "global item 7",
-    "global item 8",
-    "urgent",
-};
-
 // Info lists point into them, and an emitter outlives the listing.
 Manifests manifests;
-
-std::string with_three_decimals(double seconds)
-{
-    char text[64];
-    std::snprintf(text, sizeof text, "%.3f", seconds);
-    return text;
-}
-
-void set_status(InfoList& list, const char* key, std::string_view value, const char* description)
-{
-    infolist_item& item = list[key];
-    item.value = value;
-    item.marker = '*';
-    item.s_flag = true;
-    item.quick_summary = true;
-    item.nogui_flag = false;
-    item.desc = description;
-}
-
-void set_transient(InfoList& list, std::string_view key, std::string value)
-{
-    infolist_item& item = list[key];
-    item.value = list.keep(std::move(value));
-    item.marker = '*';
-}
-
-void add_process_state(InfoList& list, pid_t pid, const KernelClock& clock)
-{
-    set_status(list, "running", pid != 0 ? "1" : "0", "Media item running status");
-    static constexpr char UPTIME[] = "Length of time the media item has been running";
-    if (pid == 0) {
-        set_status(list, "uptime", "", UPTIME);
-        return;
-    }
-    if (const std::optional<double> uptime = clock.uptime_of(pid))
-        set_status(list, "uptime", list.keep(with_three_decimals(*uptime)), UPTIME);
-    set_status(list, "pid", list.keep(std::to_string(pid)), "Process ID");
-}
-
-// The time of the file that the item plays. The fraction is nanoseconds over a million, as front ends
-// have always been given it.
-void add_item_mtime(InfoList& list)
-{
-    const infolist_item* item = list.find("item");
-    struct stat state {};
-    if (except_quicksummary || !item || item->value.empty() ||
-        ::lstat(std::string(item->value).c_str(), &state) != 0 || !S_ISREG(state.st_mode))
-        return;
-    const double mtime =
-        static_cast<double>(state.st_mtim.tv_sec) + static_cast<double>(state.st_mtim.tv_nsec) / 1000000;
-    set_transient(list, "item mtime", with_three_decimals(mtime));
-    infolist_item& entry = list["item mtime"];
-    entry.s_flag = true;
-    entry.nogui_flag = true;
-}
-
-// Is there a file or directory that can have a type?
-bool has_type(const std::string& path)
-{
-    struct stat state {};
-    return !path.empty() && ::lstat(path.c_str(), &state) == 0 &&
-           (S_ISDIR(state.st_mode) || S_ISREG(state.st_mode));
-}
-
-// The type is stored even if it is not known.
-void add_region_types(InfoList& list)
-{
-    for (const std::string region : REGIONS) {
-        const infolist_item* item = list.find(region);
-        if (!item)
-            continue;
-        const std::string path(item->value);
-        set_transient(list, list.keep(region + " file type"), has_type(path) ? read_file_type(path) : "");
-    }
-}
-
-// Here a type that is not known is stored only when there is no such file.
-void add_lowest_level_types(InfoList& list)
-{
-    for (const std::string region : REGIONS) {
-        const infolist_item* item = list.find(region + " lowest level");
-        if (!item)
-            continue;
-        const std::string path(item->value);
-        const bool typed = has_type(path);
-        std::string type = typed ? read_file_type(path) : "";
-        if (!typed || !type.empty())
-            set_transient(list, list.keep(region + " lowest level file type"), std::move(type));
-    }
-}
 
 // An item on its way through the listing.
 struct Listed {
@@ -147,24 +38,21 @@ std::vector<Listed> listed_items()
 }
 
 // All that is known without asking the item.
-void gather(Listed& item, const KernelClock& clock, std::shared_ptr<EmitJson>& emitter)
+void gather(Listed& item, const Gathering& gathering, std::shared_ptr<EmitJson>& emitter)
 {
     infolist_load(item.list, item.name);
-    std::string driver;
-    infolist_get(driver, item.list, "driver");
-    if (!emitter)
+    if (!emitter) {
+        std::string driver;
+        infolist_get(driver, item.list, "driver");
         emitter = createEmitter(driver);
-    if (!no_manifest)
-        infolist_fill_from_argslist(item.list, manifests.at(item_argslist_path(driver)));
-    add_process_state(item.list, item.pid, clock);
-    add_item_mtime(item.list);
+    }
+    add_unasked(item.list, role_of_run(), item.pid, gathering);
 }
 
-// A number to whoever reads it as one: the item still counts as running.
 void note_answer(InfoList& list, int reported)
 {
     if (reported < 1)
-        list["running"].value = "1 hang";
+        note_silence(list);
 }
 
 // Begins to ask a running item. When progress is shown, each is asked to its end, so that it is clear which
@@ -190,10 +78,8 @@ void complete(Listed& item, ReportQueries& queries)
         queries.finish(*item.report);
         note_answer(item.list, merge_reply(item.list, *item.report));
     }
-    if (role_of_run().kind == ItemKind::CHANNEL) {
-        add_region_types(item.list);
-        add_lowest_level_types(item.list);
-    }
+    if (role_of_run().kind == ItemKind::CHANNEL)
+        add_file_types(item.list);
 }
 
 void hand_over(Listed& item, EmitJson& emitter, std::string& text)
@@ -210,9 +96,9 @@ void hand_over(Listed& item, EmitJson& emitter, std::string& text)
 // emitter's copy, far less than its info list.
 std::string list_items(std::shared_ptr<EmitJson>& emitter)
 {
-    const KernelClock clock = read_kernel_uptime();
+    const Gathering gathering{read_kernel_uptime(), no_manifest ? nullptr : &manifests, !except_quicksummary};
     std::vector<Listed> items = listed_items();
-    ReportQueries queries(per_item_timeout);
+    ReportQueries queries([] { return report_deadline(per_item_timeout); });
     std::string text;
     auto next = items.begin();
     const auto finish_next = [&] {
@@ -220,7 +106,7 @@ std::string list_items(std::shared_ptr<EmitJson>& emitter)
         hand_over(*next++, *emitter, text);
     };
     for (auto item = items.begin(); item != items.end(); ++item) {
-        gather(*item, clock, emitter);
+        gather(*item, gathering, emitter);
         ask(*item, queries);
         while (next <= item && (!next->report || next->report->has_ended()))
             finish_next();

@@ -18,13 +18,16 @@ std::size_t window_of_connections()
 
 }  // namespace
 
-ReportQueries::ReportQueries(int limit_s) : m_window(window_of_connections()), m_limit_s(limit_s) {}
+ReportQueries::ReportQueries(std::function<std::uint64_t()> deadline)
+    : m_window(window_of_connections()), m_deadline(std::move(deadline))
+{
+}
 
 std::unique_ptr<ReportExchange> ReportQueries::ask(std::string path)
 {
     while (m_open.size() >= m_window)
         proceed();
-    auto exchange = std::make_unique<ReportExchange>(std::move(path), report_deadline(m_limit_s));
+    auto exchange = std::make_unique<ReportExchange>(std::move(path), m_deadline());
     m_open.push_back(exchange.get());
     close_ended();
     return exchange;

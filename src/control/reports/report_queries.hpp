@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,8 +13,8 @@
 // Each item is asked as soon as it can be, and its reply kept until it is wanted.
 class ReportQueries {
 public:
-    // Each item has so many seconds from when it is asked, as report_deadline() takes them.
-    explicit ReportQueries(int limit_s);
+    // `deadline` tells when the time of an item ends that is asked now, as report_deadline() does.
+    explicit ReportQueries(std::function<std::uint64_t()> deadline);
 
     // Begins to ask the item at the socket. While as many connections are open as may be, it waits for the
     // end of others first.
@@ -27,5 +29,5 @@ private:
 
     std::vector<ReportExchange*> m_open;
     std::size_t m_window;
-    int m_limit_s;
+    std::function<std::uint64_t()> m_deadline;
 };
