@@ -17,14 +17,13 @@ bool is_regular(DIR* directory, const dirent& entry)
            S_ISREG(state.st_mode);
 }
 
-bool is_listed(DIR* directory, const dirent& entry, const Role& role)
+}  // namespace
+
+bool names_item(std::string_view name, const Role& role)
 {
-    const std::string_view name = entry.d_name;
-    return !name.starts_with('.') && is_regular(directory, entry) && !name.ends_with('~') &&
+    return !name.starts_with('.') && !name.ends_with('~') &&
            (role.kind != ItemKind::CHANNEL || is_valid_channel_name(name));
 }
-
-}  // namespace
 
 std::string settings_path(const std::string& directory, const std::string& item)
 {
@@ -42,7 +41,7 @@ std::optional<std::vector<std::string>> read_item_names(DIR* directory, const Ro
     ::rewinddir(directory);
     errno = 0;
     while (const dirent* entry = ::readdir(directory)) {
-        if (is_listed(directory, *entry, role))
+        if (names_item(entry->d_name, role) && is_regular(directory, *entry))
             names.emplace_back(entry->d_name);
         errno = 0;
     }

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <sys/types.h>
 #include <vector>
 
@@ -21,9 +22,12 @@ std::string settings_path(const std::string& directory, const std::string& item)
 // errno set otherwise.
 Descriptor open_item_directory(const std::string& path, int access = O_RDONLY);
 
+// Whether a regular file of that name is an item of the role: hidden files, backups that end in "~" and what can't be
+// a channel are none.
+bool names_item(std::string_view name, const Role& role);
+
 // The names of the role's items in an open directory, sorted by their bytes; none with errno set when it
-// can't be read to its end. Hidden files, links, backups that end in "~" and what can't be a channel are no
-// items.
+// can't be read to its end. What is no regular file, such as a link, is no item.
 std::optional<std::vector<std::string>> read_item_names(DIR* directory, const Role& role);
 
 // Opens a settings file for reading. A neighbour may have put anything under its name: links are not

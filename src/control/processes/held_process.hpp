@@ -16,6 +16,9 @@ public:
 
     explicit operator bool() const { return m_pid > 0; }
 
+    // Becomes readable when the process ends; -1 where the kernel has none.
+    int descriptor() const { return m_handle.get(); }
+
     // kill(2): 0, or -1 with errno set.
     int signal(int number) const;
 
