@@ -6,33 +6,40 @@
 #include <string_view>
 
 #include "zelmctl/check/check.hpp"
-#include "zelmctl/printable.hpp"
-#include "zelmctl/status.hpp"
+#include "zelmctl/options.hpp"
+#include "zelmctl/wait.hpp"
+#include "zelmctl/watch.hpp"
 
 namespace {
 
 constexpr char USAGE[] = R"(usage: zelmctl SUBCOMMAND ...
        zelmctl --version|--help
 
+  wait     wait until items run, have stopped or answer
+  watch    tell of each change
   check    say what the control tools pass over in silence
 
 Each subcommand tells more by --help. Exit status: 0 it is so, 1 it is not so, or not for all, 2 the command line is
 wrong or something could not be looked at.
 )";
 
-constexpr struct {
-    std::string_view name;
-    Status (*run)(int argc, char** argv);
-} SUBCOMMANDS[] = {
-    {"check", check},
-};
+const Subcommand* const SUBCOMMANDS[] = {&WAIT, &WATCH};
+
+Status run(const Subcommand& subcommand, int argc, char** argv)
+{
+    Status status = IS_SO;
+    const auto options = read_options(subcommand, argc, argv, status);
+    return options ? subcommand.run(*options) : status;
+}
 
 Status run(int argc, char** argv)
 {
     const std::string_view word = argc > 1 ? argv[1] : "";
-    for (const auto& subcommand : SUBCOMMANDS)
-        if (word == subcommand.name)
-            return subcommand.run(argc - 1, argv + 1);
+    for (const Subcommand* subcommand : SUBCOMMANDS)
+        if (word == subcommand->name)
+            return run(*subcommand, argc - 2, argv + 2);
+    if (word == "check")
+        return check(argc - 1, argv + 1);
     if (word == "--help" || word == "-h") {
         std::fputs(USAGE, stdout);
         return IS_SO;
@@ -41,9 +48,9 @@ Status run(int argc, char** argv)
         std::puts("zelmctl " ZELMCTL_VERSION);
         return IS_SO;
     }
-    std::fprintf(stderr, "zelmctl: %s, see zelmctl --help\n",
-        word.empty() ? "a subcommand is missing" : ("unknown subcommand " + printable(word)).c_str());
-    return TROUBLE;
+    const std::string fault =
+        word.empty() ? "a subcommand is missing" : "unknown subcommand " + std::string(word);
+    return complain(fault + "; see zelmctl --help");
 }
 
 }  // namespace

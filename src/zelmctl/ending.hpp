@@ -1,0 +1,8 @@
+// How a process ended that is somebody else's child.
+#pragma once
+
+#include <optional>
+
+// The status of a held process that has ended, as of waitpid(2), once its parent has taken note: that is
+// waited for a moment. None where the kernel doesn't tell.
+std::optional<int> ending_of(int process_descriptor);

@@ -1,0 +1,319 @@
+#include "zelmctl/observed_items.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <sys/epoll.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include "control/items/item_directory.hpp"
+#include "control/items/metadir.hpp"
+#include "platform/time.hpp"
+#include "zelmctl/ending.hpp"
+#include "zelmctl/found_items.hpp"
+
+namespace {
+
+using What = ItemChange::What;
+
+// The entry of a socket comes a moment before the kernel's table has its row.
+constexpr int LOOKS = 8;
+constexpr std::uint64_t FIRST_PAUSE_US = 1000;  // doubled from look to look
+
+// Without some to spare no look at the processes is possible, and all would seem to be stopped.
+constexpr rlim_t SPARE_DESCRIPTORS = 16;
+
+bool leaves_too_few(int descriptor)
+{
+    rlimit limit{};
+    ::getrlimit(RLIMIT_NOFILE, &limit);
+    return descriptor < 0 || static_cast<rlim_t>(descriptor) + SPARE_DESCRIPTORS >= limit.rlim_cur;
+}
+
+int add_to_poll(int poll, int descriptor)
+{
+    epoll_event readable{.events = EPOLLIN, .data = {.fd = descriptor}};
+    return ::epoll_ctl(poll, EPOLL_CTL_ADD, descriptor, &readable);
+}
+
+}  // namespace
+
+ObservedItems::ObservedItems(const Selection& selection, bool wants_endings)
+    : m_selection(selection), m_wants_endings(wants_endings), m_poll(::epoll_create1(EPOLL_CLOEXEC))
+{
+    if (!m_poll || m_events.descriptor() < 0 || add_to_poll(m_poll.get(), m_events.descriptor()) != 0)
+        fail(errno);
+    else
+        take_stock();
+}
+
+std::optional<ObservedItems::State> ObservedItems::state(const ItemId& item) const
+{
+    const auto found = m_items.find(item);
+    if (found == m_items.end())
+        return {};
+    const Observed& observed = found->second;
+    return State{observed.driver.pid, observed.driver.is_hidden && observed.looks_left == 0};
+}
+
+std::vector<ItemId> ObservedItems::items() const
+{
+    std::vector<ItemId> items;
+    for (const auto& [item, observed] : m_items)
+        items.push_back(item);
+    return items;
+}
+
+std::uint64_t ObservedItems::due() const
+{
+    std::uint64_t due = m_changes.empty() ? NO_DEADLINE : 0;
+    for (const auto& [item, observed] : m_items)
+        if (observed.looks_left > 0)
+            due = std::min(due, observed.next_look);
+    return due;
+}
+
+std::vector<ItemChange> ObservedItems::proceed()
+{
+    for (const ItemEvent& event : m_events.read())
+        heed(event);
+    heed_ends();
+    look_at_sought();
+    return std::exchange(m_changes, {});
+}
+
+std::optional<ObservedItems::Contents> ObservedItems::contents_of(const ItemId& item)
+{
+    struct stat state {};
+    const std::string path = settings_path(item.role->directory, item.name);
+    if (!names_item(item.name, *item.role) || ::lstat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode))
+        return {};
+    return Contents{state.st_dev, state.st_ino, static_cast<std::uint64_t>(state.st_size),
+        state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
+}
+
+void ObservedItems::tell(What what, const ItemId& item, pid_t pid, std::optional<int> ending)
+{
+    m_changes.push_back({what, item, pid, ending});
+}
+
+// All is looked at anew, behind what has been told.
+void ObservedItems::take_stock()
+{
+    std::vector<ItemChange> before = std::exchange(m_changes, {});
+    const std::map<ItemId, Observed> known = std::exchange(m_items, {});
+    m_processes.clear();
+    for (const auto& [item, observed] : known)
+        m_events.forget(item);
+    for (const Role& role : ROLES)
+        watch(role);
+    look_at_sought();
+    m_changes = std::move(before);
+    for (const auto& [item, observed] : m_items)
+        tell(What::PRESENT, item, observed.driver.pid);
+    for (const auto& [item, observed] : known)
+        if (!m_items.contains(item))
+            tell(What::DELETED, item);
+}
+
+void ObservedItems::watch(const Role& role)
+{
+    if (!m_selection.has_all(role) && m_selection.names(role).empty())
+        return;
+    if (!m_events.watch(role))
+        return fail(errno);
+    const Directory directory(::opendir(role.directory));
+    const auto names = directory ? read_item_names(directory.get(), role) : std::vector<std::string>();
+    if (!names || (!directory && errno != ENOENT))
+        return fail(errno);
+    for (auto place = m_items.begin(); place != m_items.end();) {
+        const auto next = std::next(place);
+        if (place->first.role == &role &&
+            !std::binary_search(names->begin(), names->end(), place->first.name))
+            remove(place);
+        place = next;
+    }
+    for (const std::string& name : *names)
+        heed_name({&role, name});
+}
+
+void ObservedItems::add(const ItemId& item, const Contents& contents)
+{
+    const Place place = m_items.emplace(item, Observed{contents}).first;
+    tell(What::CREATED, item);
+    if (!m_events.watch(item))
+        fail(errno);
+    seek(place);
+}
+
+void ObservedItems::remove(Place place)
+{
+    note_end(place);
+    tell(What::DELETED, place->first);
+    m_events.forget(place->first);
+    m_items.erase(place);
+}
+
+void ObservedItems::heed(const ItemEvent& event)
+{
+    using Event = ItemEvent::What;
+    if (event.what == Event::OVERFLOW) {
+        tell(What::GAP, {});
+        return take_stock();
+    }
+    if (event.what == Event::DIRECTORY)
+        return watch(*event.item.role);
+    if (event.what == Event::NAME)
+        return heed_name(event.item);
+    const Place place = m_items.find(event.item);
+    if (place == m_items.end())
+        return;
+    switch (event.what) {
+    case Event::REMOVED: return remove(place);
+    case Event::METADIR:
+        if (!m_events.watch(event.item))
+            fail(errno);
+        return seek(place);
+    case Event::SOCKET_MADE: return heed_socket_made(place);
+    default: return heed_socket_gone(place);
+    }
+}
+
+// New contents change places with the old ones, so that a name may seem to go for a moment.
+void ObservedItems::heed_name(const ItemId& item)
+{
+    if (!m_selection.includes(item))
+        return;
+    const auto contents = contents_of(item);
+    const Place place = m_items.find(item);
+    if (contents && place == m_items.end())
+        return add(item, *contents);
+    if (!contents && place != m_items.end())
+        return remove(place);
+    if (contents && std::exchange(place->second.contents, *contents) != *contents)
+        tell(What::SETTINGS, item);
+}
+
+void ObservedItems::heed_socket_made(Place place)
+{
+    Observed& observed = place->second;
+    if (observed.driver.pid != 0 && observed.process.ends_by(1))
+        note_end(place);
+    observed.came_up = true;
+    seek(place);
+}
+
+// It may be the entry of before, which the one that now serves the item has removed.
+void ObservedItems::heed_socket_gone(Place place)
+{
+    if (!place->second.came_up)
+        return seek(place);
+    note_end(place);
+    note_came_and_went(place);
+}
+
+void ObservedItems::heed_ends()
+{
+    epoll_event ready[64];
+    const int count = ::epoll_wait(m_poll.get(), ready, std::size(ready), 0);
+    for (int i = 0; i < count; ++i)
+        if (const auto process = m_processes.find(ready[i].data.fd); process != m_processes.end()) {
+            const Place place = m_items.find(process->second);
+            note_end(place);
+            seek(place);  // another process may serve the item
+        }
+}
+
+void ObservedItems::seek(Place place)
+{
+    place->second.looks_left = LOOKS;
+    place->second.next_look = 0;
+}
+
+// One look for all that is due.
+void ObservedItems::look_at_sought()
+{
+    const std::uint64_t now = monotonic_clock_us();
+    std::vector<Place> places;
+    std::vector<ItemId> sought;
+    for (auto place = m_items.begin(); place != m_items.end(); ++place)
+        if (place->second.looks_left > 0 && place->second.next_look <= now) {
+            places.push_back(place);
+            sought.push_back(place->first);
+        }
+    if (places.empty())
+        return;
+    const FoundDrivers found = find_drivers(sought);
+    if (found.status != IS_SO)
+        return fail(ENOENT);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        note_driver(places[i], found.drivers[i]);
+}
+
+void ObservedItems::note_driver(Place place, const RunningDriver& driver)
+{
+    Observed& observed = place->second;
+    const bool is_known = driver.pid != 0 && driver.pid == observed.driver.pid;
+    HeldProcess process = is_known ? std::move(observed.process) : hold(driver);
+    if (!is_known)
+        note_end(place);
+    observed.driver.is_hidden = driver.is_hidden;
+    if (!process)
+        return note_look_in_vain(place);
+    const int descriptor = process.descriptor();
+    if (!is_known && leaves_too_few(descriptor))
+        return fail(EMFILE);
+    if (!is_known && add_to_poll(m_poll.get(), descriptor) != 0)
+        return fail(errno);
+    observed.driver = driver;
+    observed.process = std::move(process);
+    observed.looks_left = 0;
+    observed.came_up = false;
+    if (is_known)
+        return;
+    m_processes.insert_or_assign(descriptor, place->first);
+    tell(What::RUNNING, place->first, driver.pid);
+}
+
+void ObservedItems::note_look_in_vain(Place place)
+{
+    Observed& observed = place->second;
+    struct stat entry {};
+    if (::lstat(active_socket_path(metadir_of(place->first)).c_str(), &entry) != 0)
+        observed.looks_left = 1;
+    const std::uint64_t pause = FIRST_PAUSE_US << (LOOKS - observed.looks_left);
+    observed.next_look = monotonic_clock_us() + pause;
+    if (--observed.looks_left == 0 && observed.came_up && !observed.driver.is_hidden)
+        note_came_and_went(place);
+}
+
+void ObservedItems::note_came_and_went(Place place)
+{
+    place->second.came_up = false;
+    place->second.looks_left = 0;
+    tell(What::RUNNING, place->first);
+    tell(What::STOPPED, place->first);
+}
+
+void ObservedItems::note_end(Place place)
+{
+    Observed& observed = place->second;
+    if (observed.driver.pid == 0)
+        return;
+    const int descriptor = observed.process.descriptor();
+    const auto ending = m_wants_endings ? ending_of(descriptor) : std::nullopt;
+    m_processes.erase(descriptor);
+    observed.process = {};
+    observed.driver = {};
+    tell(What::STOPPED, place->first, 0, ending);
+}
+
+void ObservedItems::fail(int error)
+{
+    if (!m_fault.empty())
+        return;
+    m_fault = "watching the items: " + std::string(std::strerror(error));
+    if (error == ENOSPC)
+        m_fault += ", as many watches as fs.inotify.max_user_watches allows";
+}
