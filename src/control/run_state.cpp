@@ -26,6 +26,7 @@ bool name_only = false;
 bool wants_json = false;
 
 int per_item_timeout = 15;
+std::uint64_t run_timeout = 0;
 std::uint64_t next_timeout = 0;
 int x11_conflict_resolution = -1;
 
@@ -47,7 +48,7 @@ const Role& role_of_run()
 
 void reset_timeout()
 {
-    next_timeout = per_item_timeout > 0
-                       ? monotonic_clock_us() + static_cast<std::uint64_t>(per_item_timeout) * 1000000
-                       : 0;
+    next_timeout = run_timeout;
+    if (run_timeout == 0 && per_item_timeout > 0)
+        next_timeout = monotonic_clock_us() + static_cast<std::uint64_t>(per_item_timeout) * 1000000;
 }

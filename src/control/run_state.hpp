@@ -37,7 +37,8 @@ extern bool name_only;            // --name-only
 extern bool wants_json;           // --json
 
 extern int per_item_timeout;         // --timeout, in seconds; 0 or less waits for ever
-extern std::uint64_t next_timeout;   // on the clock of monotonic_clock_us(); 0 is no limit
+extern std::uint64_t run_timeout;    // of a run on behalf of another program, in place of that; 0 is none
+extern std::uint64_t next_timeout;   // both on the clock of monotonic_clock_us(); 0 is no limit
 extern int x11_conflict_resolution;  // --x11conflict: -1 none, 0 X11 goes down, above 0 X11 comes up
 
 extern std::string mode_list_path;         // the directory of the items of this mode
@@ -50,5 +51,5 @@ extern std::FILE* stderr_write;
 // What a command says that was given no item.
 extern const char* const NO_OUTPUT_SPECIFIED_MESSAGE;
 
-// Sets next_timeout to per_item_timeout from now, or to no limit.
+// Sets next_timeout to run_timeout, or to per_item_timeout from now, or to no limit.
 void reset_timeout();

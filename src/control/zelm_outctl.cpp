@@ -3,9 +3,6 @@
 #include <cassert>
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
 
 #include "control/command_line.hpp"
 #include "control/commands/clone_item.hpp"
@@ -26,18 +23,6 @@
 #include "schema/create_consumer.hpp"
 
 namespace {
-
-// A caller may have closed some of the standard descriptors. No file of ours may take such a number, or
-// messages would land in it.
-void open_standard_descriptors()
-{
-    pollfd standard[] = {{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}};
-    if (::poll(standard, std::size(standard), 0) <= 0)
-        return;
-    for (const pollfd& descriptor : standard)
-        if ((descriptor.revents & POLLNVAL) != 0 && ::open("/dev/null", O_RDWR) != descriptor.fd)
-            ::_exit(1);
-}
 
 // What holds for every command. 0, or 1 when the run must end.
 int check_arguments(const char* program)

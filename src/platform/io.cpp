@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstring>
 #include <fcntl.h>
+#include <poll.h>
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -21,6 +22,16 @@ void Descriptor::reset(int fd)
         errno = kept;
     }
     m_fd = fd;
+}
+
+void open_standard_descriptors()
+{
+    pollfd standard[] = {{STDIN_FILENO, 0, 0}, {STDOUT_FILENO, 0, 0}, {STDERR_FILENO, 0, 0}};
+    if (::poll(standard, std::size(standard), 0) <= 0)
+        return;
+    for (const pollfd& descriptor : standard)
+        if ((descriptor.revents & POLLNVAL) != 0 && ::open("/dev/null", O_RDWR) != descriptor.fd)
+            ::_exit(1);
 }
 
 int mkdir_p(const char* path, unsigned int mode, int /*flags*/)

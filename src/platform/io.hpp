@@ -31,6 +31,11 @@ private:
     int m_fd = -1;
 };
 
+// For the start of a program: a caller may have closed some of the standard descriptors. They lead nowhere
+// then, so that no file takes such a number and gets messages. Ends the process with status 1 if that can't
+// be.
+void open_standard_descriptors();
+
 struct DirectoryClose {
     void operator()(DIR* directory) const { ::closedir(directory); }
 };

@@ -12,7 +12,7 @@
 
 namespace {
 
-using What = ItemEvent::What;
+using Event = ItemEvent::What;
 
 constexpr std::uint32_t ARRIVALS = IN_CREATE | IN_MOVED_TO;
 constexpr std::uint32_t DEPARTURES = IN_DELETE | IN_MOVED_FROM;
@@ -117,7 +117,7 @@ void ItemEvents::translate(
     int watch, std::uint32_t events, const std::string& name, std::vector<ItemEvent>& told)
 {
     if ((events & IN_Q_OVERFLOW) != 0)
-        return told.push_back({What::OVERFLOW, {}});
+        return told.push_back({Event::OVERFLOW, {}});
     const auto found = m_watched.find(watch);
     if (found == m_watched.end())
         return;
@@ -126,12 +126,12 @@ void ItemEvents::translate(
         m_watched.erase(found);
     if (!watched.role) {
         for (const Role& role : ROLES)
-            told.push_back({What::DIRECTORY, {&role, {}}});
+            told.push_back({Event::DIRECTORY, {&role, {}}});
     } else if (watched.item.empty()) {
         translate_of_items(*watched.role, events, name, told);
     } else if (name == ACTIVE_SOCKET_ENTRY) {
         const bool is_made = (events & ARRIVALS) != 0;
-        told.push_back({is_made ? What::SOCKET_MADE : What::SOCKET_GONE, {watched.role, watched.item}});
+        told.push_back({is_made ? Event::SOCKET_MADE : Event::SOCKET_GONE, {watched.role, watched.item}});
     }
 }
 
@@ -139,10 +139,10 @@ void ItemEvents::translate_of_items(
     const Role& role, std::uint32_t events, const std::string& name, std::vector<ItemEvent>& told)
 {
     if ((events & (END_OF_DIRECTORY | IN_IGNORED)) != 0)
-        return told.push_back({What::DIRECTORY, {&role, {}}});
+        return told.push_back({Event::DIRECTORY, {&role, {}}});
     if (const auto metadir = m_items.find({&role, name}); metadir != m_items.end())
         return told.push_back(
-            {(events & ARRIVALS) != 0 ? What::METADIR : What::SOCKET_GONE, {&role, metadir->second}});
+            {(events & ARRIVALS) != 0 ? Event::METADIR : Event::SOCKET_GONE, {&role, metadir->second}});
     if (names_item(name, role))
-        told.push_back({(events & IN_DELETE) != 0 ? What::REMOVED : What::NAME, {&role, name}});
+        told.push_back({(events & IN_DELETE) != 0 ? Event::REMOVED : Event::NAME, {&role, name}});
 }

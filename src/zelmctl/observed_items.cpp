@@ -15,7 +15,7 @@
 
 namespace {
 
-using What = ItemChange::What;
+using Change = ItemChange::What;
 
 // The entry of a socket comes a moment before the kernel's table has its row.
 constexpr int LOOKS = 8;
@@ -93,7 +93,7 @@ std::optional<ObservedItems::Contents> ObservedItems::contents_of(const ItemId& 
         state.st_mtim.tv_sec, state.st_mtim.tv_nsec};
 }
 
-void ObservedItems::tell(What what, const ItemId& item, pid_t pid, std::optional<int> ending)
+void ObservedItems::tell(Change what, const ItemId& item, pid_t pid, std::optional<int> ending)
 {
     m_changes.push_back({what, item, pid, ending});
 }
@@ -111,10 +111,10 @@ void ObservedItems::take_stock()
     look_at_sought();
     m_changes = std::move(before);
     for (const auto& [item, observed] : m_items)
-        tell(What::PRESENT, item, observed.driver.pid);
+        tell(Change::PRESENT, item, observed.driver.pid);
     for (const auto& [item, observed] : known)
         if (!m_items.contains(item))
-            tell(What::DELETED, item);
+            tell(Change::DELETED, item);
 }
 
 void ObservedItems::watch(const Role& role)
@@ -141,7 +141,7 @@ void ObservedItems::watch(const Role& role)
 void ObservedItems::add(const ItemId& item, const Contents& contents)
 {
     const Place place = m_items.emplace(item, Observed{contents}).first;
-    tell(What::CREATED, item);
+    tell(Change::CREATED, item);
     if (!m_events.watch(item))
         fail(errno);
     seek(place);
@@ -150,32 +150,31 @@ void ObservedItems::add(const ItemId& item, const Contents& contents)
 void ObservedItems::remove(Place place)
 {
     note_end(place);
-    tell(What::DELETED, place->first);
+    tell(Change::DELETED, place->first);
     m_events.forget(place->first);
     m_items.erase(place);
 }
 
 void ObservedItems::heed(const ItemEvent& event)
 {
-    using Event = ItemEvent::What;
-    if (event.what == Event::OVERFLOW) {
-        tell(What::GAP, {});
+    if (event.what == ItemEvent::What::OVERFLOW) {
+        tell(Change::GAP, {});
         return take_stock();
     }
-    if (event.what == Event::DIRECTORY)
+    if (event.what == ItemEvent::What::DIRECTORY)
         return watch(*event.item.role);
-    if (event.what == Event::NAME)
+    if (event.what == ItemEvent::What::NAME)
         return heed_name(event.item);
     const Place place = m_items.find(event.item);
     if (place == m_items.end())
         return;
     switch (event.what) {
-    case Event::REMOVED: return remove(place);
-    case Event::METADIR:
+    case ItemEvent::What::REMOVED: return remove(place);
+    case ItemEvent::What::METADIR:
         if (!m_events.watch(event.item))
             fail(errno);
         return seek(place);
-    case Event::SOCKET_MADE: return heed_socket_made(place);
+    case ItemEvent::What::SOCKET_MADE: return heed_socket_made(place);
     default: return heed_socket_gone(place);
     }
 }
@@ -192,7 +191,7 @@ void ObservedItems::heed_name(const ItemId& item)
     if (!contents && place != m_items.end())
         return remove(place);
     if (contents && std::exchange(place->second.contents, *contents) != *contents)
-        tell(What::SETTINGS, item);
+        tell(Change::SETTINGS, item);
 }
 
 void ObservedItems::heed_socket_made(Place place)
@@ -273,7 +272,7 @@ void ObservedItems::note_driver(Place place, const RunningDriver& driver)
     if (is_known)
         return;
     m_processes.insert_or_assign(descriptor, place->first);
-    tell(What::RUNNING, place->first, driver.pid);
+    tell(Change::RUNNING, place->first, driver.pid);
 }
 
 void ObservedItems::note_look_in_vain(Place place)
@@ -292,8 +291,8 @@ void ObservedItems::note_came_and_went(Place place)
 {
     place->second.came_up = false;
     place->second.looks_left = 0;
-    tell(What::RUNNING, place->first);
-    tell(What::STOPPED, place->first);
+    tell(Change::RUNNING, place->first);
+    tell(Change::STOPPED, place->first);
 }
 
 void ObservedItems::note_end(Place place)
@@ -306,7 +305,7 @@ void ObservedItems::note_end(Place place)
     m_processes.erase(descriptor);
     observed.process = {};
     observed.driver = {};
-    tell(What::STOPPED, place->first, 0, ending);
+    tell(Change::STOPPED, place->first, 0, ending);
 }
 
 void ObservedItems::fail(int error)

@@ -14,9 +14,9 @@ struct Outcome {
     enum class Result : std::uint8_t { RUNNING, STOPPED, ANSWERING, ENDED, TIMEOUT, REFUSED, ABSENT };
     Result result;
     Status status;
-    pid_t pid = 0;              // where it runs
+    pid_t pid = 0;                // where it runs
     std::optional<int> ending{};  // where it ENDED, as of waitpid(2), if it is known
-    std::string text{};         // of a TIMEOUT how it still is, of one that was REFUSED why
+    std::string text{};           // of a TIMEOUT how it still is, of one that was REFUSED why
 };
 
 // The result of an item whose driver's process the caller may not see.

@@ -31,6 +31,11 @@ bool Selection::add(std::string_view word)
     return is_known;
 }
 
+void Selection::add(const ItemId& item)
+{
+    m_roles[static_cast<std::size_t>(item.role - ROLES)].names.insert(item.name);
+}
+
 bool Selection::is_empty() const
 {
     return std::all_of(m_roles.begin(), m_roles.end(),

@@ -28,6 +28,7 @@ class Selection {
 public:
     // Takes in "output/main", "output" for all outputs, or "all". False for what is none of that.
     bool add(std::string_view word);
+    void add(const ItemId& item);
 
     bool is_empty() const;
     bool has_all(const Role& role) const { return of(role).has_all; }

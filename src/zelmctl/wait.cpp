@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr char HELP[] =
+constexpr char WAIT_HELP[] =
     R"(usage: zelmctl wait running|stopped|answering [--any] [--json] [--timeout S] ITEM...
 
 Waits until all of the items are so, and tells of each. ITEM is like output/main, a kind alone for all of it,
@@ -219,4 +219,4 @@ Status wait_for(const Options& options)
 
 }  // namespace
 
-const Subcommand WAIT{"wait", "--any --json --timeout", Items::BEHIND_A_STATE, HELP, wait_for};
+const Subcommand WAIT{"wait", "--any --json --timeout", Items::BEHIND_A_STATE, WAIT_HELP, wait_for};

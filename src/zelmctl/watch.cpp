@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr char HELP[] = R"(usage: zelmctl watch [--for S] [ITEM...]
+constexpr char WATCH_HELP[] = R"(usage: zelmctl watch [--for S] [ITEM...]
 
 Prints one JSON object a line: each item as it is, and then every change of it as it comes. ITEM is like output/main,
 a kind alone for all of it, or all, which is meant without one.
@@ -69,4 +69,4 @@ Status watch(const Options& options)
 
 }  // namespace
 
-const Subcommand WATCH{"watch", "--for", Items::ALL_UNLESS_NAMED, HELP, watch};
+const Subcommand WATCH{"watch", "--for", Items::ALL_UNLESS_NAMED, WATCH_HELP, watch};

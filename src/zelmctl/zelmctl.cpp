@@ -5,17 +5,24 @@
 #include <cstring>
 #include <string_view>
 
+#include "platform/io.hpp"
+#include "platform/signals.hpp"
+#include "zelmctl/act.hpp"
 #include "zelmctl/check/check.hpp"
+#include "zelmctl/descriptor_limit.hpp"
 #include "zelmctl/options.hpp"
 #include "zelmctl/wait.hpp"
 #include "zelmctl/watch.hpp"
 
 namespace {
 
-constexpr char USAGE[] = R"(usage: zelmctl SUBCOMMAND ...
+constexpr char HELP[] = R"(usage: zelmctl SUBCOMMAND ...
        zelmctl --version|--help
 
   wait     wait until items run, have stopped or answer
+  start    start items, and wait until they run
+  stop     stop items, and wait until they have ended
+  restart  both
   watch    tell of each change
   check    say what the control tools pass over in silence
 
@@ -23,7 +30,7 @@ Each subcommand tells more by --help. Exit status: 0 it is so, 1 it is not so, o
 wrong or something could not be looked at.
 )";
 
-const Subcommand* const SUBCOMMANDS[] = {&WAIT, &WATCH};
+const Subcommand* const SUBCOMMANDS[] = {&WAIT, &START, &STOP, &RESTART, &WATCH};
 
 Status run(const Subcommand& subcommand, int argc, char** argv)
 {
@@ -41,7 +48,7 @@ Status run(int argc, char** argv)
     if (word == "check")
         return check(argc - 1, argv + 1);
     if (word == "--help" || word == "-h") {
-        std::fputs(USAGE, stdout);
+        std::fputs(HELP, stdout);
         return IS_SO;
     }
     if (word == "--version") {
@@ -57,6 +64,10 @@ Status run(int argc, char** argv)
 
 int zelmctl(int argc, char** argv)
 {
+    open_standard_descriptors();
+    util_check_and_unmask_common_signals();
+    let_oversized_writes_fail();
+    raise_descriptor_limit();
     const Status status = run(argc, argv);
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return status;

@@ -47,6 +47,11 @@ std::optional<std::string> metadir_or_complain(const std::string& item)
 
 }  // namespace
 
+void look_at_drivers()
+{
+    first_look = look_or_complain(itemlist);
+}
+
 RunningDriver running_driver(const std::string& item)
 {
     if (!first_look) {

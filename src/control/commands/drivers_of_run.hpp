@@ -8,6 +8,9 @@
 
 #include "control/processes/driver_look.hpp"
 
+// Looks at the drivers of itemlist now: what is asked from here on is answered by that look.
+void look_at_drivers();
+
 // The driver of an item. An item whose settings can't be found, which is said, has none.
 RunningDriver running_driver(const std::string& item);
 

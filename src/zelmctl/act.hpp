@@ -1,0 +1,8 @@
+// The subcommands "start", "stop" and "restart": many items at once, kind after kind, until it is so.
+#pragma once
+
+#include "zelmctl/options.hpp"
+
+extern const Subcommand START;
+extern const Subcommand STOP;
+extern const Subcommand RESTART;
