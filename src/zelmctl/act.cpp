@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "control/commands/delegated_run.hpp"
-#include "control/commands/start_item.hpp"
-#include "control/commands/stop_item.hpp"
 #include "platform/time.hpp"
 #include "zelmctl/found_items.hpp"
 #include "zelmctl/minders.hpp"
@@ -172,20 +170,22 @@ private:
     void launch(ItemKind kind, Act act)
     {
         std::vector<std::string> names;
-        for (Progress& progress : m_progress)
-            if (progress.item.role->kind == kind && !progress.is_told)
+        std::vector<Minders::Task> tasks;
+        for (std::size_t i = 0; i < m_progress.size(); ++i)
+            if (Progress& progress = m_progress[i]; progress.item.role->kind == kind && !progress.is_told) {
+                progress = {progress.item, true};
                 names.push_back(progress.item.name);
+                tasks.push_back({i, progress.item.name});
+            }
         if (names.empty())
             return;
         const Role& role = *std::find_if(
             std::begin(ROLES), std::end(ROLES), [kind](const Role& each) { return each.kind == kind; });
         begin_delegated_run({role, m_options.supervised, m_options.kill, m_deadline_us}, std::move(names));
-        for (std::size_t i = 0; i < m_progress.size(); ++i)
-            if (Progress& progress = m_progress[i]; progress.item.role->kind == kind && !progress.is_told) {
-                progress = {progress.item, true};
-                if (!m_minders.fork(i, progress.item.name, act == Act::START ? do_start_item : do_stop_item))
-                    tell(progress, {Outcome::Result::REFUSED, IS_NOT_SO, 0, {}, "fork failed"});
-            }
+        const bool is_started = act == Act::START && m_minders.start(tasks);
+        for (const Minders::Task& task : tasks)
+            if (!is_started && (act == Act::START || !m_minders.stop(task)))
+                tell(m_progress[task.number], {Outcome::Result::REFUSED, IS_NOT_SO, 0, {}, "fork failed"});
     }
 
     void heed_reports()

@@ -1,17 +1,17 @@
 #include "zelmctl/minders.hpp"
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <optional>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include "control/commands/delegated_run.hpp"
+#include "control/commands/start_item.hpp"
+#include "control/commands/stop_item.hpp"
 #include "zelmctl/descriptor_limit.hpp"
 
 namespace {
@@ -48,34 +48,59 @@ private:
     std::FILE* m_stream;
 };
 
-// How the driver ended, or its supervisor, which goes on in the background and has a child of the tool's
-// beside it.
-std::optional<int> status_of_children()
-{
-    std::vector<int> statuses;
-    int status = 0;
-    while (TEMP_FAILURE_RETRY(::waitpid(-1, &status, 0)) > 0)
-        statuses.push_back(status);
-    const bool all_failed = std::find(statuses.begin(), statuses.end(), 0) == statuses.end();
-    if (statuses.empty() || (statuses.size() > 1 && !all_failed))
-        return {};
-    return statuses.front();
-}
+// What a minder does: the work, and the reports of it.
+class Minder {
+public:
+    Minder(int reports, std::size_t tasks) : m_reports(reports), m_words(tasks)
+    {
+        restore_descriptor_limit();
+    }
 
-[[noreturn]] void mind(std::size_t number, const std::string& item, Minders::Command command, int reports)
-{
-    restore_descriptor_limit();
-    const SaidWords words;
-    say_to(words.stream());
-    const auto report = [&](MinderReport::What what, int value) {
-        MinderRecord record{number, what, value, 0, {}};
+    void start(const std::vector<Minders::Task>& tasks)
+    {
+        std::vector<StartedProcess> started(tasks.size());
+        for (std::size_t i = 0; i < tasks.size(); ++i) {
+            say_to(m_words[i].stream());
+            const int result = start_item(tasks[i].item, started[i]);
+            report(tasks[i], MinderReport::What::DONE, result, m_words[i]);
+        }
+        int status = 0;
+        pid_t pid = 0;
+        while ((pid = ::waitpid(-1, &status, 0)) > 0 || errno == EINTR)
+            for (std::size_t i = 0; i < tasks.size(); ++i)
+                if (pid == started[i].pid && (status != 0 || !started[i].is_supervisor))
+                    report(tasks[i], MinderReport::What::ENDED, status, m_words[i]);
+    }
+
+    void stop(const Minders::Task& task)
+    {
+        say_to(m_words.front().stream());
+        report(task, MinderReport::What::DONE, do_stop_item(task.item), m_words.front());
+    }
+
+private:
+    void report(const Minders::Task& task, MinderReport::What what, int value, const SaidWords& words) const
+    {
+        MinderRecord record{task.number, what, value, 0, {}};
         record.said_size = words.read(record.said, sizeof record.said);
-        if (TEMP_FAILURE_RETRY(::write(reports, &record, sizeof record)) != sizeof record)
+        if (TEMP_FAILURE_RETRY(::write(m_reports, &record, sizeof record)) != sizeof record)
             ::_exit(1);
-    };
-    report(MinderReport::What::DONE, command(item));
-    if (const auto status = status_of_children())
-        report(MinderReport::What::ENDED, *status);
+    }
+
+    int m_reports;
+    std::vector<SaidWords> m_words;
+};
+
+// Forks a minder that does that, and ends with this process at the latest.
+template <typename Work> bool fork_minder(const Work& work)
+{
+    const pid_t parent = ::getpid();
+    const pid_t minder = ::fork();
+    if (minder != 0)
+        return minder > 0;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() == parent)
+        work();
     ::_exit(0);
 }
 
@@ -91,16 +116,14 @@ Minders::Minders()
     ::fcntl(ends[0], F_SETFL, O_NONBLOCK);
 }
 
-bool Minders::fork(std::size_t number, const std::string& item, Command command) const
+bool Minders::start(const std::vector<Task>& tasks) const
 {
-    const pid_t parent = ::getpid();
-    const pid_t minder = m_reports ? ::fork() : -1;
-    if (minder != 0)
-        return minder > 0;
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent)
-        ::_exit(1);
-    mind(number, item, command, m_minders_end.get());
+    return fork_minder([&] { Minder(m_minders_end.get(), tasks.size()).start(tasks); });
+}
+
+bool Minders::stop(const Task& task) const
+{
+    return fork_minder([&] { Minder(m_minders_end.get(), 1).stop(task); });
 }
 
 std::vector<MinderReport> Minders::read() const

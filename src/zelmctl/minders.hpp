@@ -25,11 +25,16 @@ class Minders {
 public:
     Minders();
 
-    using Command = int (*)(const std::string& item);
+    // An item, and the number by which it is told of.
+    struct Task {
+        std::size_t number;
+        std::string item;
+    };
 
-    // Has the command done for the item. The minder ends with this process at the latest. False when the fork
-    // failed.
-    bool fork(std::size_t number, const std::string& item, Command command) const;
+    // Each has its command done: a start returns at once, and a stop takes its time. The minders end with
+    // this process at the latest. False when a fork failed.
+    bool start(const std::vector<Task>& tasks) const;
+    bool stop(const Task& task) const;
 
     int descriptor() const { return m_reports.get(); }
 

@@ -20,6 +20,7 @@ using Change = ItemChange::What;
 // The entry of a socket comes a moment before the kernel's table has its row.
 constexpr int LOOKS = 8;
 constexpr std::uint64_t FIRST_PAUSE_US = 1000;  // doubled from look to look
+constexpr std::uint64_t BETWEEN_LOOKS_US = 5000;
 
 // Without some to spare no look at the processes is possible, and all would seem to be stopped.
 constexpr rlim_t SPARE_DESCRIPTORS = 16;
@@ -67,10 +68,12 @@ std::vector<ItemId> ObservedItems::items() const
 
 std::uint64_t ObservedItems::due() const
 {
-    std::uint64_t due = m_changes.empty() ? NO_DEADLINE : 0;
+    if (!m_changes.empty())
+        return 0;
+    std::uint64_t due = NO_DEADLINE;
     for (const auto& [item, observed] : m_items)
         if (observed.looks_left > 0)
-            due = std::min(due, observed.next_look);
+            due = std::min(due, std::max(observed.next_look, m_next_look));
     return due;
 }
 
@@ -230,10 +233,12 @@ void ObservedItems::seek(Place place)
     place->second.next_look = 0;
 }
 
-// One look for all that is due.
+// One look for all that is due. Looks leave the processor to those that are coming up.
 void ObservedItems::look_at_sought()
 {
     const std::uint64_t now = monotonic_clock_us();
+    if (now < m_next_look)
+        return;
     std::vector<Place> places;
     std::vector<ItemId> sought;
     for (auto place = m_items.begin(); place != m_items.end(); ++place)
@@ -248,6 +253,7 @@ void ObservedItems::look_at_sought()
         return fail(ENOENT);
     for (std::size_t i = 0; i < places.size(); ++i)
         note_driver(places[i], found.drivers[i]);
+    m_next_look = monotonic_clock_us() + BETWEEN_LOOKS_US;
 }
 
 void ObservedItems::note_driver(Place place, const RunningDriver& driver)

@@ -89,4 +89,5 @@ private:
     std::map<ItemId, Observed> m_items;
     std::map<int, ItemId> m_processes;  // by their descriptors
     std::vector<ItemChange> m_changes;
+    std::uint64_t m_next_look = 0;
 };

@@ -57,7 +57,7 @@ int complain_of_fork()
 }
 
 // 0 when the processes were forked, -1 when a fork failed.
-int start_driver(const std::string& driver, const std::string& item)
+int start_driver(const std::string& driver, const std::string& item, StartedProcess& started)
 {
     const Role& role = role_of_run();
     bool autorestart = false;
@@ -75,6 +75,7 @@ int start_driver(const std::string& driver, const std::string& item)
     if (child == 0)
         run_driver(supervised ? supervise(driver_name_switch(role, item), driver_process) : driver_process,
             file_path, debug_path);
+    started = {child, supervised};
     if (!supervised)
         return 0;
 
@@ -94,13 +95,19 @@ bool passes_x11_filter(const std::string& driver)
 
 int do_start_item(const std::string& item)
 {
+    StartedProcess started;
+    return start_item(item, started);
+}
+
+int start_item(const std::string& item, StartedProcess& started)
+{
     std::string driver;
     if (role_of_run().driver_source != DriverSource::NOTHING && !read_driver_word_or_complain(item, driver))
         return 1;
     if (!passes_x11_filter(driver))
         return 0;
     const bool runs = is_item_running(item, nullptr) != 0;
-    if ((!runs || force) && start_driver(driver, item) != 0) {
+    if ((!runs || force) && start_driver(driver, item, started) != 0) {
         std::fprintf(stderr_write, "Unable to start driver %s\n", driver.c_str());
         return 1;
     }
