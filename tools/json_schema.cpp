@@ -146,6 +146,8 @@ std::string title_of(const Face& face)
     return std::string(face.key.substr(begin, face.key.find('=') - begin));
 }
 
+constexpr char SECRET_NOTE[] = ". It gives access: zelmctl get leaves it out, unless --secrets.";
+
 void add_face(Member& member, const MemberFace& of)
 {
     const Row& row = *of.row;
@@ -162,6 +164,11 @@ void add_face(Member& member, const MemberFace& of)
         schema["description"] = std::string(row.description);
     if (row.marks.status)
         schema["readOnly"] = true;
+    if (row.marks.secret) {
+        schema["writeOnly"] = true;
+        schema["description"] =
+            std::string(row.description.substr(0, row.description.find_last_not_of('.') + 1)) + SECRET_NOTE;
+    }
     if (!row.marks.words.empty())
         schema = with_words(schema, Json(split(std::string(row.marks.words), "|")).array_items());
     if (of.is_written()) {

@@ -11,6 +11,7 @@ using json11::Json;
 struct EmitJson::Entries {
     std::span<const JsonEmitterItem> items;
     std::size_t prefix_size = 0;
+    bool has_secrets = true;
 
     std::string_view rest(const JsonEmitterItem& item) const { return item.key.substr(prefix_size); }
 
@@ -37,7 +38,7 @@ struct EmitJson::Entries {
         const auto first = lower_bound(prefix);
         const auto last = std::partition_point(first, items.end(),
             [this, prefix](const JsonEmitterItem& item) { return rest(item).starts_with(prefix); });
-        return {{first, last}, prefix_size + prefix.size()};
+        return {{first, last}, prefix_size + prefix.size(), has_secrets};
     }
 };
 
@@ -120,7 +121,7 @@ private:
 
 Document EmitJson::members(const Table& table) const
 {
-    return object(table, {m_items});
+    return object(table, {m_items, 0, m_has_secrets});
 }
 
 Json::object EmitJson::object(const Table& table, const Entries& entries)
@@ -136,7 +137,7 @@ void EmitJson::write(const Table& table, const Entries& entries, Tree& tree)
         const PackedRow& row = table.rows[i];
         if (row.members > 0)
             write_group(table, i, entries, tree);
-        else if (row.direction != Direction::READ)
+        else if (row.direction != Direction::READ && (entries.has_secrets || !row.secret))
             if (auto member = codings::written(
                     row.coding, entries.value(table.text(row.key)), table.text(row.null_text)))
                 tree.put(table.text(row.path), std::move(*member));

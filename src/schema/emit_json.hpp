@@ -22,6 +22,9 @@ public:
     // must be one that its coding takes.
     virtual Document emitJson() const = 0;
 
+    // Leaves out the members that give access, and not only their values.
+    void leave_out_secrets() { m_has_secrets = false; }
+
     // Takes the entries of one item, whatever their markers. Of a key that an earlier item had, that one
     // counts.
     void add(InfoList list);
@@ -39,5 +42,6 @@ private:
     static void write_group(const Table& table, std::size_t group, const Entries& entries, Tree& tree);
 
     std::vector<JsonEmitterItem> m_items;  // in the order of their keys, each of them once
-    std::vector<InfoList> m_lists;         // whose texts they show
+    bool m_has_secrets = true;
+    std::vector<InfoList> m_lists;  // whose texts they show
 };

@@ -13,6 +13,7 @@ struct PackedRow {
     Coding coding = Coding::TEXT;
     Direction direction = Direction::BOTH;
     bool nameless_if_absent = false;
+    bool secret = false;
     Repeat repeat;
 };
 
@@ -62,7 +63,7 @@ private:
         for (const Row& row : rows) {
             for_each_face(row, [&](const Face& face, Direction direction) {
                 m_rows[m_row_count++] = {text(face.path), text(face.key), text(face.null_text), 0,
-                    face.coding, direction, row.marks.nameless_if_absent, row.repeat};
+                    face.coding, direction, row.marks.nameless_if_absent, row.marks.secret, row.repeat};
             });
             const std::size_t before = m_row_count;
             add(row.group);

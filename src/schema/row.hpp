@@ -48,11 +48,14 @@ struct Marks {
         false;                // where nothing is read, whatever the coding, that is an empty key and value
     bool read_again = false;  // another row reads the same member too
     bool nogui = false;       // front ends hide it
+    bool secret = false;      // gives access, and is told to nobody who hasn't asked for secrets
     std::string_view unset = {};  // what a key that isn't set counts as, where a null writes something else
 };
 
 inline constexpr Marks STATUS{.status = true};
 inline constexpr Marks DEBUG_STATUS{.status = true, .nogui = true};
+
+inline constexpr Marks SECRET{.secret = true};
 
 constexpr Marks words(std::string_view words)
 {

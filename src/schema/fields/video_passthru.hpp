@@ -9,7 +9,8 @@ namespace fields {
 
 using enum Coding;
 
-inline constexpr Row VIDEO_PASSTHRU[] = {
+// The address of a stream may hold a user's name and password.
+inline constexpr Row VIDEO_SOURCE[] = {
     {"driver", "driver", TEXT, "", "The program that handles the input"},
     {"input", "input", TEXT, "",
         "Video 4 linux: change card input to specified, by name. Black Magic SDI: Can be 'sdi' 'hdmi' 'optical sdi' 'component' 'composite' 's-video'"},
@@ -39,7 +40,12 @@ inline constexpr Row VIDEO_PASSTHRU[] = {
     {"auto_video_shutdown", "auto video shutdown", TEXT, "1",
         "If set (1), the video passthrough item will only open the device when in use. Default on. If clear (0), the device is always open."},
     {"url", "url", TEXT, "",
-        "Web/internet address to obtain the stream from. For this to work, make sure to set 'interface' to HTTP, UDP, or RTP as appropriate."},
+        "Web/internet address to obtain the stream from. For this to work, make sure to set 'interface' to HTTP, UDP, or RTP as appropriate.",
+        SECRET},
+};
+
+inline constexpr Row VIDEO_PASSTHRU[] = {
+    {"", "", VIDEO_SOURCE},
     {"audio_interface", "audio interface", TEXT, "",
         "If set, what audio interface to capture from alongside video. If not set, audio will be provided by video device if supported. Valid values are 'none', 'test-sine', 'oss', 'alsa', 'test-white-noise', 'silence', 'test-pink-noise', 'test-brown-noise', 'test-beep'"},
     {"audio_device_index", "audio device index", TEXT, "", "Which audio device interface to use."},
@@ -110,7 +116,8 @@ inline constexpr Row VIDEO_PASSTHRU[] = {
         "If set, always detect condition whether or not you are recording. Else, detect only when instructed to record."},
     {"video_flag_status__no_signal__enable", "video flag status, no signal, enable", TEXT, "0",
         "If set, auto recording is controlled by the presence of the video signal. Switch to Advanced mode for timeout setting."},
-    {"video_flag_status__black_picture__enable", "video flag status, black picture, enable", TEXT, "0", "If set, auto recording is controlled by whether or not the frame is solid black. Switch to Advanced mode for timeout setting."},
+    {"video_flag_status__black_picture__enable", "video flag status, black picture, enable", TEXT, "0",
+        "If set, auto recording is controlled by whether or not the frame is solid black. Switch to Advanced mode for timeout setting."},
     {"video_flag_status__blue_picture__enable", "video flag status, blue picture, enable", TEXT, "0",
         "If set, auto recording is controlled by whether or not the frame is solid blue. Switch to Advanced mode for timeout setting."},
     {"video_flag_status__no_audio__enable", "video flag status, no audio, enable", TEXT, "0",
