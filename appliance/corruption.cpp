@@ -15,11 +15,11 @@ void store(Bytes& bytes, std::size_t at, std::size_t size, std::uint64_t number)
         bytes[at + i] = static_cast<unsigned char>(number >> (8 * i));
 }
 
-std::uint64_t load(const Bytes& bytes, std::size_t at, std::size_t size)
+std::uint32_t load(const Bytes& bytes, std::size_t at, std::size_t size)
 {
-    std::uint64_t number = 0;
+    std::uint32_t number = 0;
     for (std::size_t i = 0; i < size; ++i)
-        number |= std::uint64_t{bytes[at + i]} << (8 * i);
+        number |= std::uint32_t{bytes[at + i]} << (8 * i);
     return number;
 }
 

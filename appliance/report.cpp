@@ -67,7 +67,7 @@ void write_report(packet::Writer& writer, const DriverState& state, const Misbeh
     if (!state.last_command.empty())
         entries["last command"] = {'*', state.last_command};
     if (misbehaviour.big_reply_bytes > 0)
-        entries["big"] = {'*', std::string(misbehaviour.big_reply_bytes, 'x')};
+        entries["big"] = {'*', std::string(static_cast<std::size_t>(misbehaviour.big_reply_bytes), 'x')};
     for (const auto& [key, entry] : entries)
         write_lines(writer, entry.letter + key, entry.value);
     if (misbehaviour.odd_entries)

@@ -41,7 +41,7 @@ Json with(const Json& json, const std::string& path, const Json& value)
     };
     if (name.find_first_not_of("0123456789") == std::string::npos) {
         Json::array elements = json.array_items();
-        elements.resize(std::max(elements.size(), std::stoul(name) + 1), Json::object{});
+        elements.resize(std::max<std::size_t>(elements.size(), std::stoul(name) + 1), Json::object{});
         elements[std::stoul(name)] = inner(elements[std::stoul(name)]);
         return elements;
     }
