@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <set>
 
+#include "schema/codings.hpp"
 #include "zelmctl/check/document_effect.hpp"
 #include "zelmctl/check/document_shape.hpp"
 #include "zelmctl/check/json_position.hpp"
 #include "zelmctl/check/known_settings.hpp"
 #include "zelmctl/check/value_change.hpp"
-#include "schema/codings.hpp"
 
 using json11::Json;
 
@@ -17,7 +17,7 @@ namespace {
 std::string shown(const Json& json)
 {
     if (json.is_string())
-        return quoted(json.string_value());
+        return in_quotes(json.string_value());
     const std::string text = plain(json);
     return beginning_of(text) + (beginning_of(text).size() < text.size() ? "..." : "");
 }
@@ -131,8 +131,8 @@ private:
         const auto& settings = effect->settings.all();
         if (!settings.empty())
             say(path,
-                wanted + ", and would set " + quoted(settings.begin()->first) + " to " +
-                    quoted(settings.begin()->second.value) +
+                wanted + ", and would set " + in_quotes(settings.begin()->first) + " to " +
+                    in_quotes(settings.begin()->second.value) +
                     (settings.size() > 1 ? " and " + std::to_string(settings.size() - 1) + " more" : ""));
         else if (!json.is_null())
             say(path, wanted + ", and would be ignored");
@@ -173,10 +173,11 @@ private:
         else if (key == "driver" && stored != m_driver)
             look_at_driver(member, stored);
         else if (member.shape->member.row->marks.status && !stored.empty())
-            say(member.path, "is status, and would be stored as " + quoted(stored) + " under " + quoted(key));
+            say(member.path,
+                "is status, and would be stored as " + in_quotes(stored) + " under " + in_quotes(key));
         else if (member.value.is_null() &&
                  ((member.text && *member.text != stored) || !is_default(stored, member.shape->member)))
-            say(member.path, "null would be stored as " + quoted(stored));
+            say(member.path, "null would be stored as " + in_quotes(stored));
         else if (const std::string change = change_of(member.value, face, stored); !change.empty())
             say(member.path, shown(member.value) + " " + change);
         else if (counts_as_off(key, stored))
@@ -219,7 +220,8 @@ private:
     {
         for (const KnownName& known : m_names)
             if (effect.keys.contains(known.name) && m_keys.insert(known.name).second)
-                say(known.place, "is missing, and " + quoted(effect.value(known.name)) + " would be stored");
+                say(known.place,
+                    "is missing, and " + in_quotes(effect.value(known.name)) + " would be stored");
     }
 
     void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
@@ -250,7 +252,7 @@ void check_document(const std::string& driver, const std::string& text, Findings
 {
     const Schema* schema = find_schema(driver);
     if (!schema) {
-        findings.add({"the driver word " + quoted(driver) + " has no document, read as a channel's" +
+        findings.add({"the driver word " + in_quotes(driver) + " has no document, read as a channel's" +
                       suggestion(driver, {}, driver_words())});
         schema = find_schema("channel");
     }

@@ -16,12 +16,13 @@ std::string reason(const BrokenLine& broken)
     case ManifestFault::NO_MEMBER: break;
     case ManifestFault::NO_SECTION: return "there is no section yet that the member could belong to";
     case ManifestFault::OPEN_SECTION: return "a section ends in \"]\"";
-    case ManifestFault::SECOND_SECTION: return quoted(line) + " has a section already";
-    case ManifestFault::UNKNOWN_MEMBER: return "no section has a member " + quoted(line.substr(0, equals));
-    case ManifestFault::UNKNOWN_FLAG: return "not all of these are flags: " + quoted(line.substr(equals + 1));
-    case ManifestFault::LONG_LETTER: return "a letter is one byte: " + quoted(line.substr(equals + 1));
+    case ManifestFault::SECOND_SECTION: return in_quotes(line) + " has a section already";
+    case ManifestFault::UNKNOWN_MEMBER: return "no section has a member " + in_quotes(line.substr(0, equals));
+    case ManifestFault::UNKNOWN_FLAG:
+        return "not all of these are flags: " + in_quotes(line.substr(equals + 1));
+    case ManifestFault::LONG_LETTER: return "a letter is one byte: " + in_quotes(line.substr(equals + 1));
     }
-    return "neither a section nor a member: " + quoted(line);
+    return "neither a section nor a member: " + in_quotes(line);
 }
 
 }  // namespace

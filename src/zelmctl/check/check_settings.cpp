@@ -1,9 +1,9 @@
 #include "zelmctl/check/check_settings.hpp"
 
-#include "zelmctl/check/known_settings.hpp"
-#include "zelmctl/check/stored_settings.hpp"
 #include "platform/io.hpp"
 #include "schema/codings.hpp"
+#include "zelmctl/check/known_settings.hpp"
+#include "zelmctl/check/stored_settings.hpp"
 
 namespace {
 
@@ -39,7 +39,7 @@ public:
         if (read.kind == SettingsLineKind::SETTING)
             take_setting(read);
         else if (read.kind == SettingsLineKind::NOTHING && !line.empty())
-            say("sets nothing, having no \"=\": " + quoted(line));
+            say("sets nothing, having no \"=\": " + in_quotes(line));
     }
 
     void finish()
@@ -72,7 +72,7 @@ private:
         const InputType* const type = find_input_type(marker);
         m_type_driver = {type ? type->driver : "", m_line};
         if (!type)
-            return say("unknown type of input " + quoted(marker) + suggestion(marker, {}, input_types()));
+            return say("unknown type of input " + in_quotes(marker) + suggestion(marker, {}, input_types()));
         if (!line.starts_with("#!"))
             say("a start takes this for the type of the input, and a listing only \"#!\"");
     }
@@ -84,7 +84,7 @@ private:
         if (is_live_command(setting.key))
             return;
         if (const std::size_t replaced = m_settings.take(setting, m_line))
-            say("replaces the " + quoted(setting.key) + " of " + at(replaced) +
+            say("replaces the " + in_quotes(setting.key) + " of " + at(replaced) +
                 (m_reader.has_values_of_several_lines() ? ", from which other keys part it"
                                                         : ", without \"#multiline\""));
     }
@@ -103,11 +103,12 @@ private:
         const Schema* const schema = find_schema(driver.value);
         const std::string suggested = suggestion(driver.value, {}, driver_words());
         if (schema && schema->kind != m_kind)
-            say("the driver " + quoted(driver.value) + " is of another kind of items");
+            say("the driver " + in_quotes(driver.value) + " is of another kind of items");
         else if (!schema && has_no_document(driver.value, m_kind))
-            say("the driver " + quoted(driver.value) + " has no document, keys are not checked" + suggested);
+            say("the driver " + in_quotes(driver.value) + " has no document, keys are not checked" +
+                suggested);
         else if (!schema)
-            say("unknown driver word " + quoted(driver.value) + suggested);
+            say("unknown driver word " + in_quotes(driver.value) + suggested);
         return schema;
     }
 
@@ -126,8 +127,8 @@ private:
             say("has no type in its first line, and never starts");
         m_line = set.line;
         if (!m_type_driver.value.empty() && set.line != 0 && set.value != m_type_driver.value)
-            say("a listing takes " + quoted(set.value) + " for the driver, and a start " +
-                quoted(m_type_driver.value));
+            say("a listing takes " + in_quotes(set.value) + " for the driver, and a start " +
+                in_quotes(m_type_driver.value));
         return m_type_driver.value.empty() ? set : m_type_driver;
     }
 
@@ -137,7 +138,7 @@ private:
             if (known.contains(key))
                 continue;
             m_line = setting.line;
-            say("unknown key " + quoted(key) + suggestion(key, {}, names));
+            say("unknown key " + in_quotes(key) + suggestion(key, {}, names));
             if (m_findings.has_more())
                 return;
         }
@@ -148,11 +149,11 @@ private:
         for (const auto& [key, setting] : m_settings.all()) {
             m_line = setting.line;
             if (counts_as_off(key, setting.value))
-                say(quoted(setting.value) + " is no number, and counts as 0");
+                say(in_quotes(setting.value) + " is no number, and counts as 0");
             if (const auto members = known.find(key);
                 members != known.end() && ends_listing(members->second, setting.value))
-                say("a listing as JSON ends abnormally on the " + quoted(key) + " of " +
-                    quoted(setting.value));
+                say("a listing as JSON ends abnormally on the " + in_quotes(key) + " of " +
+                    in_quotes(setting.value));
         }
     }
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "zelmctl/check/nearest_name.hpp"
 #include "schema/schemas.hpp"
+#include "zelmctl/check/nearest_name.hpp"
 
 struct Shape {
     std::map<std::string, Shape, std::less<>> members;  // of an object; those of an array by their places

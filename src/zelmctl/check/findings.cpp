@@ -61,7 +61,7 @@ std::string beginning_of(std::string_view text)
     return std::string(text.substr(0, end));
 }
 
-std::string quoted(std::string_view text)
+std::string in_quotes(std::string_view text)
 {
     const std::string beginning = beginning_of(text);
     return "\"" + beginning + "\"" + (beginning.size() < text.size() ? "..." : "");

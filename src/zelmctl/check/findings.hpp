@@ -42,4 +42,4 @@ json11::Json as_json(const std::string& file, const Finding& finding);
 
 // Such a text as far as it fits a line; and the same in quotes, with "..." if that is not all.
 std::string beginning_of(std::string_view text);
-std::string quoted(std::string_view text);
+std::string in_quotes(std::string_view text);

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zelmctl/check/nearest_name.hpp"
 #include "schema/schemas.hpp"
+#include "zelmctl/check/nearest_name.hpp"
 
 // The table of a driver word; "channel" and the empty word mean a channel's. Null for a word that has none.
 const Schema* find_schema(std::string_view driver);

@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "zelmctl/check/findings.hpp"
 #include "schema/codings.hpp"
+#include "zelmctl/check/findings.hpp"
 
 using json11::Json;
 
@@ -53,13 +53,13 @@ std::string change_of(const Json& json, const Face& face, const std::string& sto
 {
     if (json.is_null() || (stored.empty() && json == Json("")))
         return {};
-    std::string as_stored = "would be stored as " + (stored.empty() ? "nothing" : quoted(stored));
+    std::string as_stored = "would be stored as " + (stored.empty() ? "nothing" : in_quotes(stored));
     try {
         const Json read_back = codings::written(face.coding, stored, face.null_text).value_or(nullptr);
         if (stands(json, read_back, stored))
             return {};
         if (json.is_string() && plain(json) == stored)
-            return as_stored + ", which is read back as " + quoted(plain(read_back));
+            return as_stored + ", which is read back as " + in_quotes(plain(read_back));
         if (json.is_string() && plain(json).starts_with(stored))
             return "would be cut to its first " + std::to_string(stored.size()) + " bytes";
         return as_stored;
