@@ -1,5 +1,7 @@
 #include "zelmctl/descriptor_limit.hpp"
 
+#include <algorithm>
+#include <climits>
 #include <sys/resource.h>
 
 namespace {
@@ -14,6 +16,11 @@ void raise_descriptor_limit()
         return;
     const rlimit raised{limit_of_caller.rlim_max, limit_of_caller.rlim_max};
     ::setrlimit(RLIMIT_NOFILE, &raised);
+}
+
+int descriptor_limit_of_caller()
+{
+    return static_cast<int>(std::min<rlim_t>(limit_of_caller.rlim_cur, INT_MAX));
 }
 
 void restore_descriptor_limit()

@@ -4,5 +4,6 @@
 // Raises the soft limit to the hard one.
 void raise_descriptor_limit();
 
-// Puts back the limit that the caller has set, for what the companion starts.
+// The limit that the caller has set; and puts it back, for what the companion starts.
+int descriptor_limit_of_caller();
 void restore_descriptor_limit();

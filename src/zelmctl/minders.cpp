@@ -26,14 +26,22 @@ struct MinderRecord {
 };
 static_assert(sizeof(MinderRecord) <= PIPE_BUF);
 
-// Takes the words of the command, and those of its children until they are somebody else's program.
+// Takes the words of the command, and those of its children until they are somebody else's program. Where
+// there is no room for them, they go to standard error.
 class SaidWords {
 public:
-    SaidWords() : m_file(::memfd_create("words", MFD_CLOEXEC)), m_stream(::fdopen(m_file, "w"))
+    SaidWords()
     {
-        if (!m_stream)
-            ::_exit(1);
-        std::setvbuf(m_stream, nullptr, _IONBF, 0);
+        Descriptor file(::memfd_create("words", MFD_CLOEXEC));
+        // The numbers that the caller's limit allows are for the command.
+        const int above = ::fcntl(file.get(), F_DUPFD_CLOEXEC, descriptor_limit_of_caller());
+        if (above >= 0)
+            file.reset(above);
+        if (std::FILE* stream = ::fdopen(file.get(), "w")) {
+            m_file = file.release();
+            m_stream = stream;
+            std::setvbuf(m_stream, nullptr, _IONBF, 0);
+        }
     }
     std::FILE* stream() const { return m_stream; }
 
@@ -44,8 +52,8 @@ public:
     }
 
 private:
-    int m_file;
-    std::FILE* m_stream;
+    int m_file = -1;
+    std::FILE* m_stream = stderr;
 };
 
 // What a minder does: the work, and the reports of it.

@@ -55,7 +55,7 @@ std::optional<ObservedItems::State> ObservedItems::state(const ItemId& item) con
     if (found == m_items.end())
         return {};
     const Observed& observed = found->second;
-    return State{observed.driver.pid, observed.driver.is_hidden && observed.looks_left == 0};
+    return State{observed.driver.pid, observed.driver.is_hidden};
 }
 
 std::vector<ItemId> ObservedItems::items() const
@@ -147,6 +147,7 @@ void ObservedItems::add(const ItemId& item, const Contents& contents)
     tell(Change::CREATED, item);
     if (!m_events.watch(item))
         fail(errno);
+    place->second.is_awaited = true;
     seek(place);
 }
 
@@ -176,6 +177,7 @@ void ObservedItems::heed(const ItemEvent& event)
     case ItemEvent::What::METADIR:
         if (!m_events.watch(event.item))
             fail(errno);
+        place->second.is_awaited = true;
         return seek(place);
     case ItemEvent::What::SOCKET_MADE: return heed_socket_made(place);
     default: return heed_socket_gone(place);
@@ -202,17 +204,18 @@ void ObservedItems::heed_socket_made(Place place)
     Observed& observed = place->second;
     if (observed.driver.pid != 0 && observed.process.ends_by(1))
         note_end(place);
-    observed.came_up = true;
+    observed.is_awaited = true;
+    observed.came_up = observed.driver.pid == 0;
     seek(place);
 }
 
 // It may be the entry of before, which the one that now serves the item has removed.
 void ObservedItems::heed_socket_gone(Place place)
 {
-    if (!place->second.came_up)
-        return seek(place);
-    note_end(place);
-    note_came_and_went(place);
+    if (place->second.came_up)
+        note_came_and_went(place);
+    else if (place->second.driver.pid != 0)
+        seek(place);
 }
 
 void ObservedItems::heed_ends()
@@ -260,7 +263,9 @@ void ObservedItems::note_driver(Place place, const RunningDriver& driver)
 {
     Observed& observed = place->second;
     const bool is_known = driver.pid != 0 && driver.pid == observed.driver.pid;
-    HeldProcess process = is_known ? std::move(observed.process) : hold(driver);
+    // Of one whose socket's coming is still to be read nothing is told yet, or it would come up twice.
+    const bool is_told = observed.is_awaited || driver.socket == observed.last_socket;
+    HeldProcess process = is_known ? std::move(observed.process) : is_told ? hold(driver) : HeldProcess();
     if (!is_known)
         note_end(place);
     observed.driver.is_hidden = driver.is_hidden;
@@ -273,8 +278,9 @@ void ObservedItems::note_driver(Place place, const RunningDriver& driver)
         return fail(errno);
     observed.driver = driver;
     observed.process = std::move(process);
+    observed.last_socket = driver.socket;
     observed.looks_left = 0;
-    observed.came_up = false;
+    observed.is_awaited = observed.came_up = false;
     if (is_known)
         return;
     m_processes.insert_or_assign(descriptor, place->first);
@@ -285,7 +291,8 @@ void ObservedItems::note_look_in_vain(Place place)
 {
     Observed& observed = place->second;
     struct stat entry {};
-    if (::lstat(active_socket_path(metadir_of(place->first)).c_str(), &entry) != 0)
+    const bool is_there = ::lstat(active_socket_path(metadir_of(place->first)).c_str(), &entry) == 0;
+    if (!is_there || observed.driver.is_hidden)
         observed.looks_left = 1;
     const std::uint64_t pause = FIRST_PAUSE_US << (LOOKS - observed.looks_left);
     observed.next_look = monotonic_clock_us() + pause;

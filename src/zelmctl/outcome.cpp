@@ -1,7 +1,9 @@
 #include "zelmctl/outcome.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <sys/wait.h>
 
 #include "zelmctl/options.hpp"
@@ -81,7 +83,8 @@ void Outcomes::tell(const ItemId& item, const Outcome& outcome)
         return;
     }
     std::printf("%s: %s\n", printable(item).c_str(), printable(text_of(outcome)).c_str());
-    std::fflush(stdout);
+    if (std::fflush(stdout) != 0 && m_error == 0)
+        m_error = errno;
 }
 
 Status Outcomes::finish()
@@ -92,5 +95,8 @@ Status Outcomes::finish()
             object[kind] = items;
         std::printf("%s\n", Json(object).dump().c_str());
     }
-    return m_status;
+    if (m_error == 0)
+        return m_status;
+    std::clearerr(stdout);
+    return complain(std::strerror(m_error));
 }

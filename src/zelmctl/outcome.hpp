@@ -32,7 +32,7 @@ public:
 
     void tell(const ItemId& item, const Outcome& outcome);
 
-    // The status of all that was told.
+    // The status of all that was told; TROUBLE, which is said, if not all could be written.
     Status finish();
 
 private:
@@ -41,5 +41,6 @@ private:
     bool m_json;
     std::uint64_t m_timeout_us;
     Status m_status = IS_SO;
+    int m_error = 0;  // of a line that couldn't be written
     std::map<std::string, json11::Json::object> m_kinds;
 };
