@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int LONGEST_WAIT_MS = 20;  // the parent is mostly the system's init, or the supervisor, and prompt
+constexpr int LONGEST_WAIT_MS = 100;  // the parent is mostly the system's init, or the supervisor, and prompt
 
 // Newer than the headers of the C library.
 struct ProcessInfo {
