@@ -45,9 +45,10 @@ void add_setting(SettingValues& settings, const std::string& pair)
         settings.emplace_back(std::move(key), equals == std::string::npos ? "" : pair.substr(equals + 1));
 }
 
+// The lowest 32 bits of a number of 64, wherever a long has fewer, too.
 int number(const char* text, int base)
 {
-    return static_cast<int>(std::strtol(text, nullptr, base));
+    return static_cast<int>(std::strtoll(text, nullptr, base));
 }
 
 // What a switch does with its value, or without one.

@@ -114,7 +114,7 @@ int infolist_get_autostart(const InfoList& list)
 {
     std::string text;
     infolist_get(text, list, "autostart");
-    return static_cast<int>(std::strtol(text.c_str(), nullptr, 10));
+    return static_cast<int>(std::strtoll(text.c_str(), nullptr, 10));
 }
 
 void infolist_fill_from_argslist(InfoList& list, const zelm_config_list& config)
