@@ -1,5 +1,5 @@
 """The example drivers as drivers of an item, in the sandbox:
-drivers_test.py --program DRIVER | --install DIRECTORY-OF-THE-LIBRARY."""
+drivers_test.py --program COMMAND ... | --install DIRECTORY-OF-THE-LIBRARY."""
 
 import contextlib
 import os
@@ -44,7 +44,14 @@ def by_pkg_config():
     (WORK / "clash.cpp").write_text("int mkdir_p(const char*, unsigned, int) { __builtin_abort(); }")
     os.environ["PKG_CONFIG_PATH"] = str(next(WORK.rglob("zelm_driver.pc")).parent)
     flags = run("pkg-config", "--cflags", "--libs", "zelm_driver").split()
-    run("c++", "-o", WORK / "driver", EXAMPLES / "driver.cpp", WORK / "clash.cpp", *flags)
+    run(os.environ["CXX"], "-o", WORK / "driver", EXAMPLES / "driver.cpp", WORK / "clash.cpp", *flags)
+    return WORK / "driver"
+
+
+def by_command(*command):
+    """A driver of another machine comes with what runs it."""
+    (WORK / "driver").write_text(f'#!/bin/sh\nexec {" ".join(command)} "$@"\n')
+    (WORK / "driver").chmod(0o755)
     return WORK / "driver"
 
 
@@ -106,6 +113,6 @@ WORK.mkdir()
 os.environ.update(HOME=str(WORK), TMPDIR=str(WORK))
 tool("create")
 simulated = PROGRAM.resolve()
-built = [sys.argv[2]] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]
+built = [by_command(*sys.argv[2:])] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]
 for driver in [simulated, *built]:
     check(driver)

@@ -12,7 +12,8 @@ std::size_t window_of_connections()
 {
     rlimit limit{};
     ::getrlimit(RLIMIT_NOFILE, &limit);
-    const rlim_t half = std::clamp(limit.rlim_cur / 2, SPARE_DESCRIPTORS + 1, SPARE_DESCRIPTORS + LARGEST_WINDOW);
+    const rlim_t half =
+        std::clamp(limit.rlim_cur / 2, SPARE_DESCRIPTORS + 1, SPARE_DESCRIPTORS + LARGEST_WINDOW);
     return static_cast<std::size_t>(half - SPARE_DESCRIPTORS);
 }
 
