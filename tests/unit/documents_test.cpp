@@ -2,6 +2,8 @@
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <map>
+#include <regex>
 
 #include "schema/composite_text.hpp"
 #include "schema/create_consumer.hpp"
@@ -31,23 +33,37 @@ SettingValues consumed(const std::string& driver, const std::string& document)
     return consumer->items();
 }
 
-// A copy of the document with one member set. A number is a place in an array.
-Json with(const Json& json, const std::string& path, const Json& value)
-{
-    const std::size_t dot = std::min(path.find('.'), path.size());
-    const std::string name = path.substr(0, dot);
-    const auto inner = [&](const Json& member) {
-        return dot == path.size() ? value : with(member, path.substr(dot + 1), value);
-    };
-    if (name.find_first_not_of("0123456789") == std::string::npos) {
-        Json::array elements = json.array_items();
-        elements.resize(std::max<std::size_t>(elements.size(), std::stoul(name) + 1), Json::object{});
-        elements[std::stoul(name)] = inner(elements[std::stoul(name)]);
-        return elements;
+struct Member {
+    std::string path, key;
+    bool is_written, is_read;
+};
+
+// A document in which each member that is read is "@".
+struct Tree {
+    std::map<std::string, Tree> members;
+
+    Json json() const
+    {
+        Json::object object;
+        for (const auto& [name, member] : members)
+            object[name] = member.json();
+        if (!members.contains("0"))
+            return members.empty() ? Json("@") : object;
+        Json::array array;
+        for (const auto& [place, element] : object)
+            array.push_back(element);
+        return array;
     }
-    Json::object members = json.object_items();
-    members[name] = inner(members[name]);
-    return members;
+};
+
+std::string whole_document(const std::vector<Member>& members)
+{
+    Tree document;
+    for (const Member& member : members)
+        if (Tree* at = &document; member.is_read)
+            for (const std::string& name : split(member.path, "."))
+                at = &at->members[name];
+    return document.json().dump();
 }
 
 constexpr const char* TEXTS[] = {
@@ -56,104 +72,72 @@ constexpr const char* VALUES[] = {"null", "true", R"("x")", "2.9",
     R"({"count": 2, "units": "frames", "width": 3, "height": 4, "x": 5, "y": 6, "numerator": 7, "denominator": 8,
         "kind": "music", "vertical": "top", "mode": "decibel", "intensity": 9})"};
 
-// What is to be seen of a member from outside: where it stands, what texts become of it, and what becomes of
-// values. The elements of an array count as one.
-struct Seen {
-    std::string path;
-    std::string text;
+// Two keys of a channel end the run where the text is none of theirs.
+Json emitted_with_all(const Schema& schema, const std::vector<Member>& members, const char* text)
+{
+    SettingValues settings;
+    for (const Member& member : members)
+        settings.emplace_back(member.key, member.key == "audio meter"          ? "-1, -inf"
+                                          : member.key == "video aspect ratio" ? "16:9"
+                                                                               : text);
+    return emitted(std::string(schema.driver), settings);
+}
 
-    std::string digest() const
-    {
-        std::uint32_t hash = 2166136261U;
-        for (const char c : text)
-            hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-        char digits[9];
-        std::snprintf(digits, sizeof digits, "%03x", (hash ^ hash >> 12 ^ hash >> 24) & 0xfff);
-        return digits;
+// Where a member stands, what texts become in the documents, and what values became in the settings.
+std::string seen_of(
+    const Member& member, const std::vector<Json>& documents, const std::vector<SettingValues>& read)
+{
+    std::string text = member.path + " of \"" + member.key + "\", written:";
+    for (const Json& document : documents)
+        if (const Json* const json = member.is_written ? member_at(&document, member.path) : nullptr)
+            text += " " + json->dump();
+    text += ", read:";
+    for (const SettingValues& settings : read)
+        for (const auto& [key, value] : settings)
+            text += member.is_read && key == member.key ? " " + value : "";
+    return text + "\n";
+}
+
+// All that is to be seen of a document from outside: of each member, with the elements of an array as one,
+// and of the order of the settings.
+std::vector<std::string> seen(const Schema& schema)
+{
+    std::vector<Member> members;
+    for_each_member(
+        schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& face) {
+            members.push_back({path, key, face.is_written(), face.is_read()});
+        });
+    std::vector<Json> documents;
+    for (const char* text : TEXTS)
+        documents.push_back(emitted_with_all(schema, members, text));
+    std::vector<SettingValues> read;
+    for (const char* value : VALUES)
+        read.push_back(
+            consumed(std::string(schema.driver), replaced(whole_document(members), R"("@")", value)));
+    std::map<std::string, std::size_t> places;
+    std::vector<std::string> all;
+    for (const Member& member : members) {
+        const std::string path = std::regex_replace(member.path, std::regex("\\.[0-9]\\."), ".#.");
+        const auto [at, is_new] = places.emplace(path, all.size());
+        all.resize(places.size());
+        all[at->second] += seen_of(member, documents, read);
     }
-};
+    all.emplace_back("the order of the settings: ");
+    for (const auto& [key, value] : read.front())
+        all.back() += key + ";";
+    all.back() += "\n";
+    return all;
+}
 
-class SeenDocument {
-public:
-    explicit SeenDocument(const Schema& schema)
-    {
-        for_each_member(
-            schema.rows, [this](const std::string& path, const std::string& key, const MemberFace& face) {
-                m_members.push_back({path, key, face.is_written(), face.is_read()});
-            });
-        const std::string driver(schema.driver);
-        for (const char* text : TEXTS)
-            m_written.push_back(emitted(driver, all_set_to(text)));
-        const std::string document = whole();
-        for (const char* value : VALUES)
-            m_read.push_back(consumed(driver, replaced(document, R"("@")", value)));
-    }
-
-    std::vector<Seen> seen() const
-    {
-        std::vector<Seen> all;
-        for (const Member& member : m_members) {
-            std::string path = member.path;
-            for (std::size_t i = 1; i < path.size(); ++i)
-                if (path[i] >= '0' && path[i] <= '9' && path[i - 1] == '.' && path[i + 1] == '.')
-                    path[i] = '#';
-            const auto same =
-                std::find_if(all.begin(), all.end(), [&](const Seen& one) { return one.path == path; });
-            if (same == all.end())
-                all.push_back({path, text_of(member)});
-            else
-                same->text += text_of(member);
-        }
-        std::string order;
-        for (const auto& [key, value] : m_read.front())
-            order += key + ";";
-        all.push_back({"", "the order of the settings: " + order + "\n"});
-        return all;
-    }
-
-private:
-    struct Member {
-        std::string path, key;
-        bool is_written, is_read;
-    };
-
-    // Two keys of a channel end the run where the text is none of theirs.
-    SettingValues all_set_to(const char* text) const
-    {
-        SettingValues settings;
-        for (const Member& member : m_members)
-            settings.emplace_back(member.key, member.key == "audio meter"          ? "-1, -inf"
-                                              : member.key == "video aspect ratio" ? "16:9"
-                                                                                   : text);
-        return settings;
-    }
-
-    std::string whole() const
-    {
-        Json document;
-        for (const Member& member : m_members)
-            if (member.is_read)
-                document = with(document, member.path, "@");
-        return document.dump();
-    }
-
-    std::string text_of(const Member& member) const
-    {
-        std::string text = member.path + " of \"" + member.key + "\", written:";
-        for (const Json& document : m_written)
-            if (const Json* const json = member.is_written ? member_at(&document, member.path) : nullptr)
-                text += " " + json->dump();
-        text += ", read:";
-        for (const SettingValues& settings : m_read)
-            for (const auto& [key, value] : settings)
-                text += member.is_read && key == member.key ? " " + value : "";
-        return text + "\n";
-    }
-
-    std::vector<Member> m_members;
-    std::vector<Json> m_written;        // by the texts
-    std::vector<SettingValues> m_read;  // by the values
-};
+std::string digest(const std::string& text)
+{
+    std::uint32_t hash = 2166136261U;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+    char digits[9];
+    std::snprintf(digits, sizeof digits, "%03x", (hash ^ hash >> 12 ^ hash >> 24) & 0xfff);
+    return digits;
+}
 
 // What stands behind a driver's word in the file of digests.
 std::vector<std::string> expected_digests(const std::string& driver)
@@ -179,13 +163,13 @@ TEST(Documents, HaveTheMembersThatFrontEndsKnow)
         std::vector<std::string> digests;
         std::string entry = driver + ":", others;
         std::size_t width = entry.size();
-        for (const Seen& seen : SeenDocument(schema).seen()) {
-            digests.push_back(seen.digest());
+        for (const std::string& text : seen(schema)) {
+            digests.push_back(digest(text));
             entry += (width > 110 ? "\n    " : " ") + digests.back();
             width = width > 110 ? 7 : width + 4;
             if (std::find(expected.begin(), expected.end(), digests.back()) == expected.end() &&
                 others.size() < 2000)
-                others += seen.text;
+                others += text;
         }
         EXPECT_TRUE(digests == expected) << driver << " has other members now, or others in another order:\n"
                                          << others << entry;
