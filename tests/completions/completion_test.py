@@ -10,8 +10,7 @@ import sys
 import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
-from driver_words import drivers_with_document
-from tool_switches import tool_switches
+from tables import drivers_with_document, tool_switches
 
 COMMANDS = "create clone rename delete set list status start stop restart"
 INPUT_TYPES = "video-passthru video-passthru-v2 trigger-rs232"

@@ -8,7 +8,7 @@ import sys
 from jsonschema import Draft202012Validator
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
-from driver_words import drivers_with_document
+from tables import drivers_with_document
 
 # Tool, directory, what a program's name begins with, and kind of its items.
 TOOLS = [

@@ -10,7 +10,7 @@ import subprocess
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
-from tool_switches import ROOT, tool_switches
+from tables import ROOT, tool_switches
 
 END = "\x1fend of output\x1f\n"
 
