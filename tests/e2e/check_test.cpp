@@ -126,7 +126,11 @@ TEST_F(Check, FindsDocumentsAndManifestsThatAreNone)
         {"manifest", "# a\n[a]\ndefault=1\nflags=s nogui\n", ""},
         {"manifest", "[a]\ndescripton=x\nflags=y\n", "f:2: no section has a member \"descripton\"\n"},
         {"manifest", "[a]\nflags=s noguy\n", "f:2: not all of these are flags: \"s noguy\"\n"},
+        {"manifest", "[a]\nflags=s  nogui\n", "f:2: not all of these are flags: \"s  nogui\"\n"},
         {"manifest", "[a]\nletter=ab\n", "f:2: a letter is one byte: \"ab\"\n"},
+        {"manifest", "[a]\nletter=\n", "f:2: a letter is one byte: \"\"\n"},
+        {"manifest", "[a]\nno member\n", "f:2: neither a section nor a member: \"no member\"\n"},
+        {"manifest", "[\n", "f:1: a section ends in \"]\"\n"},
         {"manifest", "default=1\n", "f:1: there is no section yet that the member could belong to\n"},
         {"manifest", "[a]\n\n[a]\n", "f:3: \"[a]\" has a section already\n"},
         {"manifest", "[a]\ndescription=" + std::string(1010, 'a') + "\n", ""},
@@ -183,14 +187,14 @@ TEST_F(Check, TellsItsVerdictToScripts)
 {
     write_file(OUTPUTS + "a", "driver=x11\ntitel=\xff\n");
     expect_all({
-        {"echo driver=x11 | zelmctl check --json settings --kind output -", 0, "[]\n", ""},
+        {"echo driver=x11 | zelmctl check --json settings --kind output -", 0, "[]\n"},
         {"zelmctl check settings /run/gone " + OUTPUTS + "gone " + OUTPUTS + "a", 2,
             "/mnt/main/tv/outputs/a:2: unknown key \"titel\"; did you mean \"title\"?\n",
             "/run/gone: no directory of items; which kind is it? --kind tells\n"
             "/mnt/main/tv/outputs/gone: No such file or directory\n"},
-        {"zelmctl --version | grep -E '^zelmctl [0-9]+\\.[0-9]+\\.[0-9]+$' >/dev/null", 0, "", ""},
-        {"zelmctl check document a 2>&1 | head -n 1", 0, "zelmctl check: --driver WORD is missing\n", ""},
-        {"zelmctl check manifest 2>&1 | head -n 1", 0, "zelmctl check: FILE is missing\n", ""},
+        {"zelmctl --version | grep -E '^zelmctl [0-9]+\\.[0-9]+\\.[0-9]+$' >/dev/null"},
+        {"zelmctl check document a 2>&1 | head -n 1", 0, "zelmctl check: --driver WORD is missing\n"},
+        {"zelmctl check manifest 2>&1 | head -n 1", 0, "zelmctl check: FILE is missing\n"},
         // A terminal takes also the overlong form of a control character for one.
         {"cd /run; f=$(printf 'a\\033\\302\\233\\340\\202\\233'); echo '[' >\"$f\"; zelmctl check manifest \"$f\" \"$f.gone\"",
             2, "a\\x1b\\xc2\\x9b\\xe0\\x82\\x9b:1: a section ends in \"]\"\n",
@@ -199,7 +203,7 @@ TEST_F(Check, TellsItsVerdictToScripts)
         {"rm -f /run/pipe; mkfifo /run/pipe; timeout 10 zelmctl check manifest /run /run/pipe", 2, "",
             "/run: Is a directory\n/run/pipe: No regular file\n"},
         {"seq 3000 | zelmctl check settings --kind channel - | tail -n 1", 0,
-            "-: there is more than the 1000 findings above\n", ""},
+            "-: there is more than the 1000 findings above\n"},
         {"echo '[' | zelmctl check manifest - >/dev/full", 2, "", "zelmctl: No space left on device\n"},
     });
 }

@@ -40,8 +40,7 @@ protected:
 #ifdef __SANITIZE_ADDRESS__
         GTEST_SKIP() << "the sanitizers make calls of their own, and die of faults";
 #endif
-        if (!HeldRun::is_possible())
-            GTEST_SKIP() << "processes can't be traced here";
+        SKIP_UNLESS(HeldRun::is_possible());
     }
 
     static const std::string& directory_of(const Command& command)

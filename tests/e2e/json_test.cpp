@@ -43,7 +43,6 @@ TEST_F(JsonDocuments, WithoutEndAreRefusedBeforeAnythingIsChanged)
 TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
 {
     const std::string x11 = "driver=x11\nkept=1\ntitle=old\n";
-    const std::string mpeg = "driver=internet_mpeg\nenc1, audio, rate=44100\n";
     const struct {
         const char* tool;
         std::string directory;
@@ -56,25 +55,12 @@ TEST_F(JsonDocuments, ChangeOnlyWhatTheyName)
         // What changes nothing still rewrites the file; an empty text is no document.
         {"zelm_outctl", OUTPUTS, x11, "x11 --json-out 'no JSON' --set kept=2", x11},
         {"zelm_outctl", OUTPUTS, x11, "x11 --json-from /usr --set kept=2", "driver=x11\ntitle=old\nkept=2\n"},
-        // Words that are no driver's have the channel's document.
-        {"zelm_outctl", OUTPUTS, x11, R"(X11 --json-out '{"name": "2", "x11": {"title": "2"}}')",
-            x11 + "channel name=2\n"},
-        {"zelm_outctl", OUTPUTS, mpeg,
-            R"(internet_mpeg --json-out '{"enc": [{"ts": {"pmt_pid": 32}}, {"audio": {"rate": null}}], "driver": "x"}')",
-            "enc0, ts, pmt pid=32\ndriver=x\n"},
         {"zelm_inctl", INPUTS, "#!trigger-rs232\nset dtr=1\n",
             R"(trigger_rs232 --json-out '{"driver": "x11", "set_dtr": null, "load_drivers": null}')",
             "load drivers=1\n"},
         {"zelm_routectl", ROUTERS, "driver=knox_rsii\nport=1\n",
             R"(knox_rsii --json-out '{"driver": "alsa", "port": null, "inputs": 16}')",
             "driver=knox_rsii\ninputs=16\n"},
-        {"zelm_chctl", CHANNELS, "catch up speed=50\nfoo=bar\n",
-            R"('' --json-out '{"behavior": {"recoverySpeed": null, "systemDelay": {}},
-            "audio": {"normalizer": {"enable": true, "passes": [{}, {"upper": null}]}},
-            "regions": {"item": {"media": {"path": ["", "mnt", "a b.png"]}, "video": {"enable": true}}}}')",
-            "foo=bar\nsystem delay=1s\naudio normalizer enable=1\naudio normalizer enable=1\n"
-            "audio normalizer upper level 2==-3\nitem=/mnt/a b.png\nitem video enabled=1\n"
-            "item align=center center\n"},
     };
     for (const auto& row : cases) {
         const std::string item = row.directory == CHANNELS ? "channel1" : "a";
@@ -94,11 +80,16 @@ TEST_F(JsonDocuments, OfSeveralItemsAreOneOfTheFirst)
     EXPECT_EQ(document["x11"]["title"], json11::Json("first"));
     EXPECT_EQ(document["video"]["rate"], json11::Json(5)) << "the first has none of its own";
     expect_all({
-        {"zelm_outctl -c list --json -o gone", 0, "{}\n", ""},
-        {"zelm_outctl -c list --json --name-only", 0, "b\nc\n", ""},
-        {"zelm_outctl -c status -o b --json --json-out '{'", 1, "Driver x11 process is stopped\n", ""},
-        {"rm -r /mnt/main/tv/routing; zelm_routectl -c list --json", 1, "{}\n", ""},
+        {"zelm_outctl -c list --json -o gone", 0, "{}\n"},
+        {"zelm_outctl -c list --json --name-only", 0, "b\nc\n"},
+        {"zelm_outctl -c status -o b --json --json-out '{'", 1, "Driver x11 process is stopped\n"},
+        {"rm -r /mnt/main/tv/routing; zelm_routectl -c list --json", 1, "{}\n"},
     });
+}
+
+TEST_F(JsonDocuments, AreWhatTheirSchemasSay)
+{
+    EXPECT_EQ(output_of("/usr/bin/python3 " TESTS "/e2e/json_schemas.py"), "");
 }
 
 // Whatever can't be read falls back silently, but for these two.

@@ -43,15 +43,14 @@ TEST_F(Neighbours, WhatIsNoSettingsFileIsNeitherReadNorWaitedFor)
         for (const char* verb : {"status", "start", "stop"})
             expect_all({{"timeout 5 zelm_outctl -c "s + verb + " -o p", 1, "", missing}});
         expect_all({{"timeout 5 zelm_outctl -c set -o p --set a=1", 0, "", none},
-            {"timeout 5 zelm_outctl -c clone -o p --to q", 1, "Error: filesystem entry not a file\n", ""},
-            {"timeout 5 zelm_outctl -c list --name-only", 0, "a\n", ""}});
+            {"timeout 5 zelm_outctl -c clone -o p --to q", 1, "Error: filesystem entry not a file\n"},
+            {"timeout 5 zelm_outctl -c list --name-only", 0, "a\n"}});
     }
 }
 
 TEST_F(Neighbours, AFileThatIsSwappedDuringASetIsNotReadThroughALink)
 {
-    if (!HeldRun::is_possible())
-        GTEST_SKIP() << "processes can't be traced here";
+    SKIP_UNLESS(HeldRun::is_possible());
     for (const char* swap : {"ln -sf /run/secret a", "rm a; mkfifo a"}) {
         sh(IN_OUTPUTS + "rm -rf a .a.metadir; touch a");
         HeldRun set("mkdirat", "zelm_outctl -c set -o a --set b=1");
@@ -68,7 +67,7 @@ TEST_F(Neighbours, ALinkedMetadirLeadsNowhere)
     expect_all({
         {"zelm_outctl -c set -o a --set b=1", 0, "", "Unable to create temp\n"},
         {"zelm_outctl -c delete -o a", 0, "", "WARNING: failed to remove metadir for a, Not a directory\n"},
-        {"ls -A /run/closed; rm -r /run/closed", 0, "metadata\n", ""},
+        {"ls -A /run/closed; rm -r /run/closed", 0, "metadata\n"},
     });
 }
 
@@ -90,14 +89,13 @@ TEST_F(Neighbours, AMediaFilesMetadataIsReadOnlyFromAFile)
 
 TEST_F(Neighbours, ALockThatAnybodyCanTakeHoldsNobodyUp)
 {
-    if (!has_other_users())
-        GTEST_SKIP() << "no other users here";
+    SKIP_UNLESS(has_other_users());
     sh(IN_OUTPUTS + "mkdir .a.metadir");
     for (const char* locked : {".a.metadir", ".a.tmpup"}) {
         sh("touch " + OUTPUTS + ".a.tmpup");
         run_in_background("exec " + AS_NOBODY + "flock " + OUTPUTS + locked + " sleep 20");
         EXPECT_TRUE(eventually([&] { return sh("flock -n " + OUTPUTS + locked + " true").status != 0; }));
-        expect_all({{"timeout 5 zelm_outctl -c set -o a --set b=1", 0, "", ""}});
+        expect_all({{"timeout 5 zelm_outctl -c set -o a --set b=1"}});
         sh("kill $(cat /run/background)");
     }
     EXPECT_EQ(read_file(OUTPUTS + "a"), "#multiline\ndriver=x11\nb=1\n");
@@ -105,8 +103,7 @@ TEST_F(Neighbours, ALockThatAnybodyCanTakeHoldsNobodyUp)
 
 TEST_F(Neighbours, AnItemThatGoesDuringASetDoesNotComeBack)
 {
-    if (!HeldRun::is_possible())
-        GTEST_SKIP() << "processes can't be traced here";
+    SKIP_UNLESS(HeldRun::is_possible());
     // When the set has waited for the file, and when all but the exchange is done.
     for (const char* call : {"flock", "linkat"})
         for (const auto& [go, left] :
@@ -123,8 +120,7 @@ TEST_F(Neighbours, AnItemThatGoesDuringASetDoesNotComeBack)
 
 TEST_F(Neighbours, AMetadirsOwnerPutsNothingInTheItemsPlace)
 {
-    if (!has_other_users() || !HeldRun::is_possible())
-        GTEST_SKIP() << "no other users here, or processes can't be traced";
+    SKIP_UNLESS(has_other_users() && HeldRun::is_possible());
     sh(IN_OUTPUTS + "mkdir .a.metadir; chown 65534:65534 a .a.metadir");
     for (const char* made : {"mkfifo", "ln -s /run/secret", "mkdir"}) {
         HeldRun set("linkat", "zelm_outctl -c set -o a --set b=1");
@@ -139,8 +135,7 @@ TEST_F(Neighbours, AMetadirsOwnerPutsNothingInTheItemsPlace)
 
 TEST_F(Neighbours, AMetadirThatASetMakesBelongsToTheItemsOwner)
 {
-    if (!sees_other_users())
-        GTEST_SKIP() << "other users' processes are not seen here";
+    SKIP_UNLESS(sees_other_users());
     sh("chown 1234:1235 /mnt/main/tv/outputs/a; zelm_outctl -c set -o a --set b=1");
     EXPECT_EQ(output_of("stat -c '%u %g %a' /mnt/main/tv/outputs/.a.metadir"), "1234 1235 755\n");
     start("zelm_outctl", "a");
@@ -149,8 +144,7 @@ TEST_F(Neighbours, AMetadirThatASetMakesBelongsToTheItemsOwner)
 TEST_F(Neighbours, ADirectoryThatIsSwappedForANewMetadirIsNotGivenAway)
 {
     const std::string holds = "strace -qq -o /dev/null --inject=mkdirat:delay_exit=500000 ";
-    if (!has_other_users() || sh(holds + "true").status != 0)
-        GTEST_SKIP() << "no other users here, or processes can't be traced";
+    SKIP_UNLESS(has_other_users() && sh(holds + "true").status == 0);
     sh(IN_OUTPUTS + "chown 65534:65534 . a; mkdir -m 700 closed");
     run_in_background("ASAN_OPTIONS=detect_leaks=0 exec " + holds + "zelm_outctl -c set -o a --set b=1");
     EXPECT_TRUE(eventually([] { return exists(OUTPUTS + ".a.metadir"); }));
@@ -161,8 +155,7 @@ TEST_F(Neighbours, ADirectoryThatIsSwappedForANewMetadirIsNotGivenAway)
 
 TEST_F(Neighbours, WhoeverMayWriteAMetadirChoosesNoProcessThatIsStopped)
 {
-    if (!has_other_users())
-        GTEST_SKIP() << "no other users here";
+    SKIP_UNLESS(has_other_users());
     write_file(OUTPUTS + "service", "driver=x11\n");
     const pid_t service = start("zelm_outctl", "service");
     const std::string metadir = OUTPUTS + ".a.metadir";
@@ -181,21 +174,19 @@ TEST_F(Neighbours, WhoeverMayWriteAMetadirChoosesNoProcessThatIsStopped)
             " && E=.media.item.active.socket && ln -s " + OUTPUTS + ".service.metadir/$E $E; " + row.set_up);
         EXPECT_EQ(sh("zelm_outctl -c status -o a").status, row.runs ? 0 : 1) << row.what;
         if (!row.runs)
-            expect_each({"zelm_outctl -c stop -o a", "zelm_outctl -c stop -o a --stop-only"}, {0, "", ""});
+            expect_each({"zelm_outctl -c stop -o a", "zelm_outctl -c stop -o a --stop-only"}, {0});
         EXPECT_TRUE(is_alive(service)) << row.what;
     }
 }
 
 TEST_F(Neighbours, ASocketThatIsHandedToAServiceMakesItNoDriver)
 {
-    if (!sees_other_users())
-        GTEST_SKIP() << "other users' processes can't be seen here";
+    SKIP_UNLESS(sees_other_users());
     sh(IN_OUTPUTS + "mkdir .a.metadir; chown 65534 .a.metadir");
     ASSERT_EQ(::seteuid(65534), 0);
-    const Descriptor handed = socket_at(OUTPUTS + ".a.metadir/.media.item.active.socket");
+    const Descriptor handed = listen_at(OUTPUTS + ".a.metadir/.media.item.active.socket");
     ASSERT_EQ(::seteuid(0), 0);
-    EXPECT_EQ(::listen(handed.get(), 8), 0);
-    expect_all({{"zelm_outctl -c status -o a", 1, "Driver x11 process is stopped\n", ""}});
+    expect_all({{"zelm_outctl -c status -o a", 1, "Driver x11 process is stopped\n"}});
     const pid_t driver = ::fork();
     if (driver == 0)
         ::_exit(::setresuid(0, 0, 65534) == 0 ? ::pause() : 1);
@@ -215,11 +206,11 @@ TEST_F(Neighbours, ALimitOnTheSizeOfFilesIsAFullDisk)
     const std::string limited = "prlimit --fsize=4 ";
     expect_all({
         {limited + "zelm_outctl -c set -o a --set b=1 2>&1 | cat", 0,
-            "Unable to replace /mnt/main/tv/outputs/a, File too large\n", ""},
-        {limited + "zelm_outctl -c clone -o a --to b 2>&1 | cat", 0, "Incomplete write to dest\n", ""},
+            "Unable to replace /mnt/main/tv/outputs/a, File too large\n"},
+        {limited + "zelm_outctl -c clone -o a --to b 2>&1 | cat", 0, "Incomplete write to dest\n"},
         {limited + "zelm_inctl -c create -o b --type trigger-rs232 2>&1 | cat", 0,
-            "Failed to create input, File too large\n", ""},
-        {"cd /mnt/main/tv; ls outputs inputs; cat outputs/a", 0, "inputs:\n\noutputs:\na\ndriver=x11\n", ""},
+            "Failed to create input, File too large\n"},
+        {"cd /mnt/main/tv; ls outputs inputs; cat outputs/a", 0, "inputs:\n\noutputs:\na\ndriver=x11\n"},
     });
     // The signal that a write beyond the limit raises ends a driver as ever.
     const pid_t driver = start("zelm_outctl", "a");
@@ -229,33 +220,13 @@ TEST_F(Neighbours, ALimitOnTheSizeOfFilesIsAFullDisk)
 
 TEST_F(Neighbours, ADirectoryThatCannotBeReadIsNoShortOne)
 {
-    if (!HeldRun::is_possible())
-        GTEST_SKIP() << "processes can't be traced here";
+    SKIP_UNLESS(HeldRun::is_possible());
     for (const char* arguments : {"list", "list --name-only", "start -o all", "stop -o autostart"})
         expect_all(
             {{"ASAN_OPTIONS=detect_leaks=0 strace -qq -o /dev/null --inject=getdents64:error=EIO:when=2 "
               "zelm_outctl -c "s +
                     arguments,
                 1, "", "Unable to read /mnt/main/tv/outputs, Input/output error\n"}});
-}
-
-TEST_F(Neighbours, NamesOfAnyLengthCanBeSetRenamedAndDeleted)
-{
-    for (const std::string& name : {std::string(255, 'n'), std::string(80, ' '), std::string(247, 'n')}) {
-        const std::string item = " -o '" + name + "'";
-        expect_all({
-            {"zelm_outctl -c create" + item, 0, "", ""},
-            {"zelm_outctl -c set --set driver=x11" + item, 0, "", ""},
-            {"zelm_outctl -c start" + item, 0, "", ""},
-        });
-        EXPECT_TRUE(eventually([&] { return sh("zelm_outctl -c status" + item).status == 0; }));
-        expect_all({
-            {"zelm_outctl -c stop" + item, 0, "", ""},
-            {"zelm_outctl -c rename --to b" + item, 0, "", ""},
-            {"zelm_outctl -c rename -o b --to '" + name + "'", 0, "", ""},
-            {"zelm_outctl -c delete" + item + "; ls -A /mnt/main/tv/outputs", 0, "a\n", ""},
-        });
-    }
 }
 
 }  // namespace

@@ -10,8 +10,6 @@
 #include <thread>
 #include <unistd.h>
 
-#include "platform/socket_io.hpp"
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -172,15 +170,6 @@ std::string HeldRun::end()
     sh("kill -CONT $(cat /run/held.pid)");
     EXPECT_TRUE(eventually([] { return sh("test -e /proc/$(cat /run/held.strace)").status != 0; }));
     return read_file("/run/held.out");
-}
-
-Descriptor socket_at(const std::string& path)
-{
-    Descriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0));
-    SocketAddress at;
-    EXPECT_TRUE(at.set(path));
-    EXPECT_EQ(::bind(socket.get(), reinterpret_cast<const sockaddr*>(&at.address), at.length), 0) << path;
-    return socket;
 }
 
 void write_file(const std::string& path, const std::string& text)

@@ -9,13 +9,13 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "platform/io.hpp"
+#include "listening_socket.hpp"
 
 // What a command line did. A process that a signal ended has the status 128 and the signal's number.
 struct Outcome {
-    int status;
-    std::string out;
-    std::string err;
+    int status = 0;
+    std::string out = {};
+    std::string err = {};
 };
 
 // Runs a command line of the shell, with the tools on its path, to its end.
@@ -24,19 +24,24 @@ Outcome sh(const std::string& command_line);
 // The standard output of a command line that must succeed and be silent on standard error.
 std::string output_of(const std::string& command_line);
 
-// Command lines, and what they must do.
+// Command lines, and what they must do: if nothing is said, succeed silently.
 struct Expected {
     std::string command_line;
-    int status;
-    std::string out;
-    std::string err;
+    int status = 0;
+    std::string out = {};
+    std::string err = {};
 };
 void expect_all(const std::vector<Expected>& rows);
 
 // Command lines that must all do the same.
 void expect_each(const std::vector<std::string>& command_lines, const Outcome& outcome);
 
-// Runs what follows as a user without rights. What needs it is skipped where there are no other users.
+// Skips the test where the machine refuses what it needs.
+#define SKIP_UNLESS(condition)                                                                               \
+    if (!(condition))                                                                                        \
+    GTEST_SKIP() << "not on this machine: " #condition
+
+// Runs what follows as a user without rights.
 inline const std::string AS_NOBODY = "setpriv --reuid=65534 --regid=65534 --clear-groups ";
 bool has_other_users();
 
@@ -66,9 +71,6 @@ public:
     HeldRun(const std::string& call, const std::string& command_line);
     std::string end();  // lets it go on to its end: all that it said
 };
-
-// A socket of the kind that drivers serve, bound there and not listening yet.
-Descriptor socket_at(const std::string& path);
 
 void write_file(const std::string& path, const std::string& text);
 std::string read_file(const std::string& path);  // "" when it can't be read

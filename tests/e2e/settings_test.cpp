@@ -170,10 +170,10 @@ TEST_F(Settings, KeepTheirOwnerWhileTheUmaskGivesTheMode)
     sh("chown $(echo " + owner + " | tr ' ' :) /mnt/main/tv/outputs/a");
     expect_all({
         {"umask 027; zelm_outctl -c set -o a --set a=1; stat -c '%a %u %g' /mnt/main/tv/outputs/a", 0,
-            "640 " + owner + "\n", ""},
+            "640 " + owner + "\n"},
         {"umask 0; zelm_outctl -c set -o a; stat -c '%a %u %g' /mnt/main/tv/outputs/a", 0,
-            "666 " + owner + "\n", ""},
-        {"stat -c %a /mnt/main/tv/outputs/.a.metadir", 0, "750\n", ""},
+            "666 " + owner + "\n"},
+        {"stat -c %a /mnt/main/tv/outputs/.a.metadir", 0, "750\n"},
     });
 }
 
@@ -185,16 +185,14 @@ TEST_F(Settings, OfARunningItemReachTheDriverAndTheFile)
                              "command|json|wall|sim flagged packets)='";
     expect_all({
         {"zelm_outctl -c set -o a --set title=New --set +go=5 --set 'always on top=' --set 'json={\"a\":1}' "
-         "--set 'wall=1\n2'",
-            0, "", ""},
+         "--set 'wall=1\n2'"},
         {list, 0,
             "\t*\tjson={\"a\":1}\n\t*\tlast command=+go=5\n\t*\tsim flagged packets=3\n\t*\ttitle=New\n"
-            "\t<..\twall=1\n\t*\twall=2\n",
-            ""},
+            "\t<..\twall=1\n\t*\twall=2\n"},
         {"cat /mnt/main/tv/outputs/a", 0,
-            "#multiline\ndriver=x11\nsim flagged packets=3\ntitle=New\njson={\"a\":1}\nwall=1\nwall=2\n", ""},
-        {"zelm_outctl -c set -o a --set '&page=' --set title=1 --set title=2", 0, "", ""},
-        {list + " | grep -P '\\t(title|last command)='", 0, "\t*\tlast command=&page=\n\t*\ttitle=2\n", ""},
+            "#multiline\ndriver=x11\nsim flagged packets=3\ntitle=New\njson={\"a\":1}\nwall=1\nwall=2\n"},
+        {"zelm_outctl -c set -o a --set '&page=' --set title=1 --set title=2"},
+        {list + " | grep -P '\\t(title|last command)='", 0, "\t*\tlast command=&page=\n\t*\ttitle=2\n"},
     });
 }
 
@@ -212,21 +210,19 @@ TEST_F(Settings, AreStoredEvenIfTheDriverHangsUpOrHasGone)
     write_file(FILE_A, "driver=x11\nsim leave socket=1\n");
     start("zelm_outctl", "a");
     expect_all({
-        {"zelm_outctl -c stop -o a; test -S /mnt/main/tv/outputs/.a.metadir/.media.item.active.socket", 0, "",
-            ""},
+        {"zelm_outctl -c stop -o a; test -S /mnt/main/tv/outputs/.a.metadir/.media.item.active.socket"},
         {"zelm_outctl -c set -o a --set a=1; cat /mnt/main/tv/outputs/a", 0,
-            "#multiline\ndriver=x11\nsim leave socket=1\na=1\n", ""},
+            "#multiline\ndriver=x11\nsim leave socket=1\na=1\n"},
         {"cd /mnt/main/tv/outputs/.a.metadir; rm .media.item.active.socket; touch .media.item.active.socket; "
          "zelm_outctl -c set -o a --set b=1; cat /mnt/main/tv/outputs/a",
-            0, "#multiline\ndriver=x11\nsim leave socket=1\na=1\nb=1\n", ""},
+            0, "#multiline\ndriver=x11\nsim leave socket=1\na=1\nb=1\n"},
     });
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(15));
 }
 
 TEST_F(Settings, TooLargeForTheSocketAreStoredAndNoAnswerIsWaitedFor)
 {
-    if (!sees_other_users())
-        GTEST_SKIP() << "no limit on packets holds for root, and others' drivers are not seen";
+    SKIP_UNLESS(sees_other_users());
     write_file(FILE_A, "driver=x11\n");
     sh("chmod 777 /mnt/main/tv/outputs; chown 65534:65534 /mnt/main/tv/outputs/a");
     start("zelm_outctl", "a");
@@ -234,18 +230,16 @@ TEST_F(Settings, TooLargeForTheSocketAreStoredAndNoAnswerIsWaitedFor)
         "/run/big.json", R"({"x11":{"title":")" + std::string(8000000, 't') + R"(","keepAbove":true}})");
     const std::string nobody = AS_NOBODY;
     expect_all({
-        {nobody + "timeout 10 zelm_outctl -c set -o a --json-driver x11 --json-from /run/big.json", 0, "",
-            ""},
-        {"zelm_outctl -c list --no-manifest -o a | grep 'always on top='", 0, "\t*\talways on top=1\n", ""},
-        {"tail -c 25 /mnt/main/tv/outputs/a", 0, "tttttttt\nalways on top=1\n", ""},
+        {nobody + "timeout 10 zelm_outctl -c set -o a --json-driver x11 --json-from /run/big.json"},
+        {"zelm_outctl -c list --no-manifest -o a | grep 'always on top='", 0, "\t*\talways on top=1\n"},
+        {"tail -c 25 /mnt/main/tv/outputs/a", 0, "tttttttt\nalways on top=1\n"},
     });
 }
 
 TEST_F(Settings, AFailedSetLeavesTheFileAsItWas)
 {
     const Mount disk("-t tmpfs -o size=16k,nr_inodes=6 tmpfs", OUTPUTS);
-    if (!disk)
-        GTEST_SKIP() << "nothing can be mounted here";
+    SKIP_UNLESS(disk);
     const std::string set = "zelm_outctl -c set -o a --set a=1";
     const std::string no_space = "Unable to replace /mnt/main/tv/outputs/a, No space left on device";
     write_file(FILE_A, "# one\nb=2\n" + std::string(9000, 'x') + "\nend=1\n");

@@ -55,15 +55,32 @@ TEST_F(Exchange, GetsThroughOnceAFullBacklogHasRoom)
     EXPECT_EQ(outcome_of(second), ReportOutcome::REPLIED);
 }
 
+// Whose item has hung up since, too.
 TEST_F(Exchange, TakesAReplyThatCameInTimeHoweverLateItIsRead)
 {
     ReportExchange exchange(m_path, report_deadline(1));
-    const Descriptor peer = accept();
+    Descriptor peer = accept();
     for (const Bytes& bytes : {packet_of(packet::FLAG_EVENT, {}), Bytes(), packet_of(0, {{"*k", "v"}})})
         ASSERT_GT(send_packet(peer.get(), bytes), 0);
+    peer.reset();
     ::usleep(1050000);
     exchange.proceed();
     EXPECT_EQ(exchange.outcome(), ReportOutcome::REPLIED);
+}
+
+TEST_F(Exchange, WaitsNoLongerThanItsLimitToConnectToAFullBacklog)
+{
+    const ReportExchange first(m_path, report_deadline(10));
+    const std::pair<std::int64_t, std::int64_t> limits[] = {{50000, 30000000}, {0, 50000}, {-1, 30000000}};
+    for (const auto& [limit, routine] : limits) {
+        const CommSocket second(comm_socket_v4_create());
+        comm_socket_v4_set_connect_timeout(second.get(), limit);
+        comm_socket_v4_set_connect_timeout_routine(second.get(), routine);
+        const std::uint64_t begun = monotonic_clock_us();
+        EXPECT_EQ(comm_socket_v4_connect_to(second.get(), m_path.c_str()), -1);
+        EXPECT_LT(monotonic_clock_us() - begun, 10000000U) << limit;
+        EXPECT_GE(monotonic_clock_us() - begun, limit < 0 ? 0U : 40000U) << limit;
+    }
 }
 
 TEST_F(Exchange, EndsThoughEventsComeWithoutEnd)
