@@ -100,7 +100,7 @@ std::string in_one_line(std::string text)
 class Action {
 public:
     Action(const Options& options, std::vector<ItemId> items)
-        : m_options(options), m_deadline_us(options.deadline_us()), m_items(selection_of(items), false),
+        : m_options(options), m_deadline_us(options.deadline_us()), m_items(selection_of(items), 0),
           m_outcomes(options.json, options.timeout_us)
     {
         for (const ItemId& item : items)

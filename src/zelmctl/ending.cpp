@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr int LONGEST_WAIT_MS = 100;  // the parent is mostly the system's init, or the supervisor, and prompt
-
 // Newer than the headers of the C library.
 struct ProcessInfo {
     std::uint64_t mask;
@@ -20,7 +18,7 @@ constexpr unsigned long GET_INFO = _IOWR(0xFF, 11, ProcessInfo);
 
 }  // namespace
 
-std::optional<int> ending_of(int process_descriptor)
+std::optional<int> ending_of(int process_descriptor, int patience_ms)
 {
     ProcessInfo info{};
     info.mask = EXIT;
@@ -32,7 +30,7 @@ std::optional<int> ending_of(int process_descriptor)
     if ((info.mask & ~EXIT) == 0)
         return {};  // the kernel has no such answer
     pollfd reaped{process_descriptor, 0, 0};
-    ::poll(&reaped, 1, LONGEST_WAIT_MS);
+    ::poll(&reaped, 1, patience_ms);
     info.mask = EXIT;
     return is_told() ? std::optional(info.exit_code) : std::nullopt;
 }

@@ -20,7 +20,9 @@ using Change = ItemChange::What;
 // The entry of a socket comes a moment before the kernel's table has its row.
 constexpr int LOOKS = 8;
 constexpr std::uint64_t FIRST_PAUSE_US = 1000;  // doubled from look to look
-constexpr std::uint64_t BETWEEN_LOOKS_US = 5000;
+// When many come up at once, looks leave them the processor.
+constexpr std::uint64_t PAUSE_FOR_EACH_US = 500;
+constexpr std::uint64_t LONGEST_PAUSE_US = 5000;
 
 // Without some to spare no look at the processes is possible, and all would seem to be stopped.
 constexpr rlim_t SPARE_DESCRIPTORS = 16;
@@ -40,8 +42,8 @@ int add_to_poll(int poll, int descriptor)
 
 }  // namespace
 
-ObservedItems::ObservedItems(const Selection& selection, bool wants_endings)
-    : m_selection(selection), m_wants_endings(wants_endings), m_poll(::epoll_create1(EPOLL_CLOEXEC))
+ObservedItems::ObservedItems(const Selection& selection, int patience_ms)
+    : m_selection(selection), m_patience_ms(patience_ms), m_poll(::epoll_create1(EPOLL_CLOEXEC))
 {
     if (!m_poll || m_events.descriptor() < 0 || add_to_poll(m_poll.get(), m_events.descriptor()) != 0)
         fail(errno);
@@ -236,7 +238,7 @@ void ObservedItems::seek(Place place)
     place->second.next_look = 0;
 }
 
-// One look for all that is due. Looks leave the processor to those that are coming up.
+// One look for all that is due.
 void ObservedItems::look_at_sought()
 {
     const std::uint64_t now = monotonic_clock_us();
@@ -256,7 +258,7 @@ void ObservedItems::look_at_sought()
         return fail(ENOENT);
     for (std::size_t i = 0; i < places.size(); ++i)
         note_driver(places[i], found.drivers[i]);
-    m_next_look = monotonic_clock_us() + BETWEEN_LOOKS_US;
+    m_next_look = monotonic_clock_us() + std::min(LONGEST_PAUSE_US, PAUSE_FOR_EACH_US * places.size());
 }
 
 void ObservedItems::note_driver(Place place, const RunningDriver& driver)
@@ -314,7 +316,7 @@ void ObservedItems::note_end(Place place)
     if (observed.driver.pid == 0)
         return;
     const int descriptor = observed.process.descriptor();
-    const auto ending = m_wants_endings ? ending_of(descriptor) : std::nullopt;
+    const auto ending = ending_of(descriptor, m_patience_ms);
     m_processes.erase(descriptor);
     observed.process = {};
     observed.driver = {};

@@ -20,8 +20,9 @@ struct ItemChange {
 
 class ObservedItems {
 public:
-    // Begins to watch, and looks. Endings cost a moment for each: only who wants them waits for them.
-    ObservedItems(const Selection& selection, bool wants_endings);
+    // Begins to watch, and looks. The kernel tells how a process ended once its parent has taken note, which
+    // that many milliseconds are waited for.
+    ObservedItems(const Selection& selection, int patience_ms);
 
     // What went wrong, which ends the watching; empty as long as nothing has.
     const std::string& fault() const { return m_fault; }
@@ -84,7 +85,7 @@ private:
     void fail(int error);
 
     Selection m_selection;
-    bool m_wants_endings;
+    int m_patience_ms;
     std::string m_fault;
     ItemEvents m_events;
     Descriptor m_poll;

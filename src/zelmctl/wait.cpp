@@ -30,6 +30,8 @@ Exit status: 0 it is so, 1 it is not, 2 trouble, 3 an item came up and ended aga
 
 using Result = Outcome::Result;
 
+constexpr int WAIT_PATIENCE_MS = 100;  // for how an item ended that nobody waits for any more
+
 // Running drivers that are asked for a report, which they answer when they are ready to serve.
 class AskedDrivers {
 public:
@@ -94,8 +96,8 @@ private:
 class Wait {
 public:
     explicit Wait(const Options& options)
-        : m_options(options), m_deadline_us(options.deadline_us()), m_items(options.items, true),
-          m_asked(m_deadline_us)
+        : m_options(options), m_deadline_us(options.deadline_us()),
+          m_items(options.items, options.state == "stopped" ? 0 : WAIT_PATIENCE_MS), m_asked(m_deadline_us)
     {
     }
 

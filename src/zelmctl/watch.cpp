@@ -24,6 +24,9 @@ a kind alone for all of it, or all, which is meant without one.
 Exit status: 0, or 2 when watching was not possible.
 )";
 
+// The parent is mostly the system's init, or the supervisor, and prompt.
+constexpr int PATIENCE_MS = 100;
+
 // In the order of the changes.
 constexpr const char* EVENTS[] = {"present", "created", "deleted", "settings", "running", "stopped", "gap"};
 
@@ -49,7 +52,7 @@ Status watch(const Options& options)
     const Descriptor end_signals = hold_back_end_signals();
     std::signal(SIGPIPE, SIG_IGN);
     const std::uint64_t end_us = options.for_us != 0 ? monotonic_clock_us() + options.for_us : NO_DEADLINE;
-    ObservedItems items(options.items, true);
+    ObservedItems items(options.items, PATIENCE_MS);
     pollfd awaited[] = {
         {items.descriptor(), POLLIN, 0}, {end_signals.get(), POLLIN, 0}, {STDOUT_FILENO, 0, 0}};
     for (;;) {
