@@ -49,17 +49,19 @@ void set_transient(InfoList& list, std::string_view key, std::string value)
     item.marker = '*';
 }
 
-void add_process_state(InfoList& list, pid_t pid, const KernelClock& clock)
+std::optional<double> add_process_state(InfoList& list, pid_t pid, const KernelClock& clock)
 {
     set_status(list, "running", pid != 0 ? "1" : "0", "Media item running status");
     static constexpr char UPTIME[] = "Length of time the media item has been running";
     if (pid == 0) {
         set_status(list, "uptime", "", UPTIME);
-        return;
+        return {};
     }
-    if (const std::optional<double> uptime = clock.uptime_of(pid))
+    const std::optional<double> uptime = clock.uptime_of(pid);
+    if (uptime)
         set_status(list, "uptime", list.keep(with_three_decimals(*uptime)), UPTIME);
     set_status(list, "pid", list.keep(std::to_string(pid)), "Process ID");
+    return uptime;
 }
 
 // The time of the file that the item plays. The fraction is nanoseconds over a million, as front ends
@@ -116,15 +118,16 @@ void add_lowest_level_types(InfoList& list)
 
 }  // namespace
 
-void add_unasked(InfoList& list, const Role& role, pid_t process, const Gathering& gathering)
+std::optional<double> add_unasked(InfoList& list, const Role& role, pid_t process, const Gathering& gathering)
 {
     std::string driver;
     infolist_get(driver, list, "driver");
     if (gathering.manifests)
         infolist_fill_from_argslist(list, gathering.manifests->at(manifest_path(role, driver)));
-    add_process_state(list, process, gathering.clock);
+    const std::optional<double> uptime = add_process_state(list, process, gathering.clock);
     if (gathering.has_item_time)
         add_item_mtime(list);
+    return uptime;
 }
 
 // A number to whoever reads it as one: the item still counts as running.

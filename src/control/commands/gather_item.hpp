@@ -2,6 +2,7 @@
 // add_unasked(); of an item that runs the report, or note_silence(); of a channel add_file_types().
 #pragma once
 
+#include <optional>
 #include <sys/types.h>
 
 #include "control/items/manifests.hpp"
@@ -17,8 +18,10 @@ struct Gathering {
 };
 
 // Adds all that is known without asking the item: what its driver's manifest says, how its process is, and
-// the time of the file that it plays. The process is 0 when it doesn't run.
-void add_unasked(InfoList& list, const Role& role, pid_t process, const Gathering& gathering);
+// the time of the file that it plays. The process is 0 when it doesn't run. Returns for how many seconds it
+// has been running, if it is.
+std::optional<double> add_unasked(
+    InfoList& list, const Role& role, pid_t process, const Gathering& gathering);
 
 // A running item didn't answer.
 void note_silence(InfoList& list);

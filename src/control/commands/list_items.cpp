@@ -72,12 +72,10 @@ void ask(Listed& item, ReportQueries& queries)
 }
 
 // Adds what can only be known once the item has answered, or its time has run out.
-void complete(Listed& item, ReportQueries& queries)
+void complete(Listed& item)
 {
-    if (item.report) {
-        queries.finish(*item.report);
+    if (item.report)
         note_answer(item.list, merge_reply(item.list, *item.report));
-    }
     if (role_of_run().kind == ItemKind::CHANNEL)
         add_file_types(item.list);
 }
@@ -89,7 +87,6 @@ void hand_over(Listed& item, EmitJson& emitter, std::string& text)
     else
         append_item(text, item.name, item.list);
     item.list = {};
-    item.report.reset();
 }
 
 // All items are gathered before the first is printed. What is kept of each until then is its text or the
@@ -100,19 +97,15 @@ std::string list_items(std::shared_ptr<EmitJson>& emitter)
     std::vector<Listed> items = listed_items();
     ReportQueries queries([] { return report_deadline(per_item_timeout); });
     std::string text;
-    auto next = items.begin();
-    const auto finish_next = [&] {
-        complete(*next, queries);
-        hand_over(*next++, *emitter, text);
+    const auto begin = [&](Listed& item) {
+        gather(item, gathering, emitter);
+        ask(item, queries);
     };
-    for (auto item = items.begin(); item != items.end(); ++item) {
-        gather(*item, gathering, emitter);
-        ask(*item, queries);
-        while (next <= item && (!next->report || next->report->has_ended()))
-            finish_next();
-    }
-    while (next != items.end())
-        finish_next();
+    const auto end = [&](Listed& item) {
+        complete(item);
+        hand_over(item, *emitter, text);
+    };
+    ask_side_by_side(items, queries, begin, end);
     return text;
 }
 

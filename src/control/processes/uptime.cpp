@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,6 +12,13 @@
 namespace {
 
 constexpr int START_TIME = 22;  // in clock ticks since the kernel came up
+
+double seconds_by(clockid_t clock)
+{
+    timespec now{};
+    ::clock_gettime(clock, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
 
 }  // namespace
 
@@ -35,4 +43,14 @@ std::optional<double> KernelClock::uptime_of(pid_t process) const
         return 0.0;
     const auto ticks = static_cast<long long>(m_uptime) - status_number(*line, START_TIME, NameEnd::FIRST);
     return static_cast<double>(std::max(ticks, 0LL)) / static_cast<double>(m_ticks);
+}
+
+std::optional<double> start_time_of(pid_t process)
+{
+    const auto line = read_start("/proc/" + std::to_string(process) + "/stat", 4096);
+    if (!line)
+        return {};
+    const double boot = seconds_by(CLOCK_REALTIME) - seconds_by(CLOCK_BOOTTIME);
+    return boot + static_cast<double>(status_number(*line, START_TIME, NameEnd::LAST)) /
+                      static_cast<double>(::sysconf(_SC_CLK_TCK));
 }

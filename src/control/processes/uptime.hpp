@@ -19,3 +19,6 @@ private:
 };
 
 KernelClock read_kernel_uptime();
+
+// When the process started, in seconds since 1970; none when there is no such process.
+std::optional<double> start_time_of(pid_t process);

@@ -31,3 +31,25 @@ private:
     std::size_t m_window;
     std::function<std::uint64_t()> m_deadline;
 };
+
+// Calls begin(item) for each of the items in their order, which may set its `report` to an exchange of the
+// queries, and end(item) in that order too, as soon as its report and those in front have ended.
+template <typename Item, typename Begin, typename End>
+void ask_side_by_side(std::vector<Item>& items, ReportQueries& queries, const Begin& begin, const End& end)
+{
+    auto next = items.begin();
+    const auto end_next = [&] {
+        if (next->report)
+            queries.finish(*next->report);
+        end(*next);
+        next->report.reset();
+        ++next;
+    };
+    for (auto item = items.begin(); item != items.end(); ++item) {
+        begin(*item);
+        while (next <= item && (!next->report || next->report->has_ended()))
+            end_next();
+    }
+    while (next != items.end())
+        end_next();
+}

@@ -1,9 +1,11 @@
 #include "zelmctl/check/check_settings.hpp"
 
+#include <algorithm>
+
 #include "platform/io.hpp"
-#include "schema/codings.hpp"
 #include "zelmctl/check/known_settings.hpp"
 #include "zelmctl/check/stored_settings.hpp"
+#include "zelmctl/check/value_change.hpp"
 
 namespace {
 
@@ -151,22 +153,12 @@ private:
             if (counts_as_off(key, setting.value))
                 say(in_quotes(setting.value) + " is no number, and counts as 0");
             if (const auto members = known.find(key);
-                members != known.end() && ends_listing(members->second, setting.value))
+                members != known.end() &&
+                std::any_of(members->second.begin(), members->second.end(),
+                    [&](const MemberFace& member) { return ends_listing(member, setting.value); }))
                 say("a listing as JSON ends abnormally on the " + in_quotes(key) + " of " +
                     in_quotes(setting.value));
         }
-    }
-
-    static bool ends_listing(const std::vector<MemberFace>& members, const std::string& value)
-    {
-        try {
-            for (const MemberFace& member : members)
-                if (member.is_written())
-                    codings::written(member.face->coding, value, member.face->null_text);
-        } catch (...) {
-            return true;
-        }
-        return false;
     }
 
     ItemKind m_kind;

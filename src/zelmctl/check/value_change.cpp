@@ -68,6 +68,17 @@ std::string change_of(const Json& json, const Face& face, const std::string& sto
     }
 }
 
+bool ends_listing(const MemberFace& member, const std::string& text)
+{
+    try {
+        if (member.is_written())
+            codings::written(member.face->coding, text, member.face->null_text);
+        return false;
+    } catch (...) {
+        return true;
+    }
+}
+
 // A composite of nothing is told from one of zeros by its text alone.
 bool is_default(const std::string& stored, const MemberFace& member)
 {
