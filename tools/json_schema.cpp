@@ -298,9 +298,13 @@ std::string json_schema_of(const Schema& schema)
     Member document;
     add_rows(document, schema.rows);
     name_driver(document, schema);
-    Json::object top = object_schema(document).object_items();
-    top["$schema"] = "https://json-schema.org/draft/2020-12/schema";
-    top["$id"] = "https://zelmctl.example/schemas/" + driver + ".schema.json";
-    top["title"] = "Document of driver " + driver;
-    return indented(top, "") + "\n";
+    return schema_text(object_schema(document).object_items(), driver, "Document of driver " + driver);
+}
+
+std::string schema_text(Json::object schema, const std::string& name, const std::string& title)
+{
+    schema["$schema"] = "https://json-schema.org/draft/2020-12/schema";
+    schema["$id"] = "https://zelmctl.example/schemas/" + name + ".schema.json";
+    schema["title"] = title;
+    return indented(schema, "") + "\n";
 }

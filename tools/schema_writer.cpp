@@ -1,7 +1,9 @@
 // Writes what follows from the tables of the documents:
 //
-//     schema_writer --json-schemas DIR                  DRIVER.schema.json of every document
+//     schema_writer --json-schemas DIR                  DRIVER.schema.json of every document, and
+//                                                       zelmctl-get.schema.json of what holds them
 //     schema_writer --manifest DRIVER FILE [PIECE ...]  a manifest; pieces have what the document hasn't
+
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -28,7 +30,7 @@ bool write_json_schemas(const std::filesystem::path& directory)
     for (const Schema& schema : SCHEMAS)
         whole &=
             write_file(directory / (std::string(schema.driver) + ".schema.json"), json_schema_of(schema));
-    return whole;
+    return whole && write_file(directory / "zelmctl-get.schema.json", json_schema_of_get());
 }
 
 bool write_manifest(const Schema& schema, const char* path, const std::vector<const char*>& pieces)

@@ -1,5 +1,6 @@
 #include "zelmctl/printable.hpp"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -51,6 +52,17 @@ std::string printable(std::string_view text)
         std::snprintf(escaped, sizeof escaped, "\\x%02x", static_cast<unsigned char>(text.front()));
         safe += text.front() == '\n' ? "\\n" : escaped;
         text.remove_prefix(1);
+    }
+    return safe;
+}
+
+std::string in_utf8(std::string_view text)
+{
+    std::string safe;
+    while (!text.empty()) {
+        const std::size_t size = first_character(text).size;
+        safe += size > 0 ? text.substr(0, size) : "\xef\xbf\xbd";
+        text.remove_prefix(std::max<std::size_t>(size, 1));
     }
     return safe;
 }

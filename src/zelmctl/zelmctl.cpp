@@ -10,6 +10,8 @@
 #include "zelmctl/act.hpp"
 #include "zelmctl/check/check.hpp"
 #include "zelmctl/descriptor_limit.hpp"
+#include "zelmctl/get.hpp"
+#include "zelmctl/metrics.hpp"
 #include "zelmctl/options.hpp"
 #include "zelmctl/wait.hpp"
 #include "zelmctl/watch.hpp"
@@ -19,18 +21,20 @@ namespace {
 constexpr char HELP[] = R"(usage: zelmctl SUBCOMMAND ...
        zelmctl --version|--help
 
+  get      tell how items run, with their documents
   wait     wait until items run, have stopped or answer
   start    start items, and wait until they run
   stop     stop items, and wait until they have ended
   restart  both
   watch    tell of each change
+  metrics  tell Prometheus how items run
   check    say what the control tools pass over in silence
 
 Each subcommand tells more by --help. Exit status: 0 it is so, 1 it is not so, or not for all, 2 the command line is
 wrong or something could not be looked at.
 )";
 
-const Subcommand* const SUBCOMMANDS[] = {&WAIT, &START, &STOP, &RESTART, &WATCH};
+const Subcommand* const SUBCOMMANDS[] = {&GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS};
 
 Status run(const Subcommand& subcommand, int argc, char** argv)
 {
