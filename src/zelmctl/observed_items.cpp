@@ -149,7 +149,6 @@ void ObservedItems::add(const ItemId& item, const Contents& contents)
     tell(Change::CREATED, item);
     if (!m_events.watch(item))
         fail(errno);
-    place->second.is_awaited = true;
     seek(place);
 }
 
@@ -179,7 +178,6 @@ void ObservedItems::heed(const ItemEvent& event)
     case ItemEvent::What::METADIR:
         if (!m_events.watch(event.item))
             fail(errno);
-        place->second.is_awaited = true;
         return seek(place);
     case ItemEvent::What::SOCKET_MADE: return heed_socket_made(place);
     default: return heed_socket_gone(place);
@@ -203,21 +201,16 @@ void ObservedItems::heed_name(const ItemId& item)
 
 void ObservedItems::heed_socket_made(Place place)
 {
-    Observed& observed = place->second;
-    if (observed.driver.pid != 0 && observed.process.ends_by(1))
-        note_end(place);
-    observed.is_awaited = true;
-    observed.came_up = observed.driver.pid == 0;
+    place->second.came_up = place->second.driver.pid == 0;
     seek(place);
 }
 
-// It may be the entry of before, which the one that now serves the item has removed.
 void ObservedItems::heed_socket_gone(Place place)
 {
     if (place->second.came_up)
         note_came_and_went(place);
-    else if (place->second.driver.pid != 0)
-        seek(place);
+    note_end(place);
+    place->second.looks_left = 0;
 }
 
 void ObservedItems::heed_ends()
@@ -238,36 +231,40 @@ void ObservedItems::seek(Place place)
     place->second.next_look = 0;
 }
 
-// One look for all that is due.
+// One look for all that is due. What it found of an item that changed meanwhile may belong to a driver whose
+// coming is still to be told: those changes are heeded first, and the item is looked at again.
 void ObservedItems::look_at_sought()
 {
     const std::uint64_t now = monotonic_clock_us();
     if (now < m_next_look)
         return;
-    std::vector<Place> places;
     std::vector<ItemId> sought;
-    for (auto place = m_items.begin(); place != m_items.end(); ++place)
-        if (place->second.looks_left > 0 && place->second.next_look <= now) {
-            places.push_back(place);
-            sought.push_back(place->first);
-        }
-    if (places.empty())
+    for (const auto& [item, observed] : m_items)
+        if (observed.looks_left > 0 && observed.next_look <= now)
+            sought.push_back(item);
+    if (sought.empty())
         return;
     const FoundDrivers found = find_drivers(sought);
     if (found.status != IS_SO)
         return fail(ENOENT);
-    for (std::size_t i = 0; i < places.size(); ++i)
-        note_driver(places[i], found.drivers[i]);
-    m_next_look = monotonic_clock_us() + std::min(LONGEST_PAUSE_US, PAUSE_FOR_EACH_US * places.size());
+    const std::vector<ItemEvent> events = m_events.read();
+    const auto has_changed = [&](const ItemId& item) {
+        return std::any_of(
+            events.begin(), events.end(), [&](const ItemEvent& event) { return event.item == item; });
+    };
+    for (std::size_t i = 0; i < sought.size(); ++i)
+        if (!has_changed(sought[i]))
+            note_driver(m_items.find(sought[i]), found.drivers[i]);
+    m_next_look = monotonic_clock_us() + std::min(LONGEST_PAUSE_US, PAUSE_FOR_EACH_US * sought.size());
+    for (const ItemEvent& event : events)
+        heed(event);
 }
 
 void ObservedItems::note_driver(Place place, const RunningDriver& driver)
 {
     Observed& observed = place->second;
     const bool is_known = driver.pid != 0 && driver.pid == observed.driver.pid;
-    // Of one whose socket's coming is still to be read nothing is told yet, or it would come up twice.
-    const bool is_told = observed.is_awaited || driver.socket == observed.last_socket;
-    HeldProcess process = is_known ? std::move(observed.process) : is_told ? hold(driver) : HeldProcess();
+    HeldProcess process = is_known ? std::move(observed.process) : hold(driver);
     if (!is_known)
         note_end(place);
     observed.driver.is_hidden = driver.is_hidden;
@@ -280,9 +277,8 @@ void ObservedItems::note_driver(Place place, const RunningDriver& driver)
         return fail(errno);
     observed.driver = driver;
     observed.process = std::move(process);
-    observed.last_socket = driver.socket;
     observed.looks_left = 0;
-    observed.is_awaited = observed.came_up = false;
+    observed.came_up = false;
     if (is_known)
         return;
     m_processes.insert_or_assign(descriptor, place->first);

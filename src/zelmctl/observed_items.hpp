@@ -57,10 +57,8 @@ private:
         Contents contents;
         RunningDriver driver{};
         HeldProcess process{};
-        unsigned int last_socket = 0;  // of the last driver that was found
-        bool is_awaited = false;       // its socket came since the last driver was found
-        bool came_up = false;          // and nobody has been told of whoever that is
-        int looks_left = 0;            // for that
+        bool came_up = false;  // its socket came, and whose that is isn't known yet
+        int looks_left = 0;    // for that
         std::uint64_t next_look = 0;
     };
     using Place = std::map<ItemId, Observed>::iterator;

@@ -283,7 +283,8 @@ TEST_F(Companion, WatchTellsThousandsOfStartsAndEndsInTheirOrder)
     const std::string jumbled =
         output_of(R"(awk -F '"' 'NR > 10 { wanted = state[$12] == "running" ? "stopped" : "running"
         if ($4 != wanted) print NR ": " $0; state[$12] = $4; told[$12 " " $4]++ }
-        END { for (key in told) if (told[key] != ")" + std::to_string(ROUNDS) + R"(") print key, told[key] }' /run/told)");
+        END { for (key in told) if (told[key] != ")" +
+                  std::to_string(ROUNDS) + R"(") print key, told[key] }' /run/told)");
     EXPECT_EQ(jumbled, "");
     // The kernel tells of an end once the parent has taken note, for which a busy machine may need too long.
     EXPECT_GE(std::stol(output_of(R"(grep -c '"signal": 9' /run/told)")), 9 * ROUNDS / 2);

@@ -22,8 +22,8 @@ std::string settings_path(const std::string& directory, const std::string& item)
 // errno set otherwise.
 Descriptor open_item_directory(const std::string& path, int access = O_RDONLY);
 
-// Whether a regular file of that name is an item of the role: hidden files, backups that end in "~" and what can't be
-// a channel are none.
+// Whether a regular file of that name is an item of the role: hidden files, backups that end in "~" and what
+// can't be a channel are none.
 bool names_item(std::string_view name, const Role& role);
 
 // The names of the role's items in an open directory, sorted by their bytes; none with errno set when it
