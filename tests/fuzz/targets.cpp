@@ -8,7 +8,7 @@
 
 #include "control/infolist.hpp"
 #include "control/items/rewrite_settings.hpp"
-#include "control/processes/proc_snapshots.hpp"
+#include "control/processes/socket_table.hpp"
 #include "platform/mediaitem.hpp"
 #include "platform/metadata.hpp"
 #include "platform/packet.hpp"

@@ -1,6 +1,7 @@
 // The kernel's tables in forms that this machine doesn't show: a listing of sockets or processes that can't
 // be understood must leave items stopped, never take the wrong process for a driver.
-#include "control/processes/proc_snapshots.hpp"
+#include "control/processes/socket_holders.hpp"
+#include "control/processes/socket_table.hpp"
 
 #include <filesystem>
 #include <gtest/gtest.h>

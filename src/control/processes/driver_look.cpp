@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "control/items/metadir.hpp"
+#include "control/processes/socket_holders.hpp"
 #include "platform/io.hpp"
 
 namespace {

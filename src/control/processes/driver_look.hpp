@@ -9,8 +9,8 @@
 
 #include "control/processes/driver_users.hpp"
 #include "control/processes/held_process.hpp"
-#include "control/processes/proc_snapshots.hpp"
 #include "control/processes/socket_diagnosis.hpp"
+#include "control/processes/socket_table.hpp"
 
 // The process that serves an item, and the inode of the socket by which it was found; 0 for one that doesn't
 // run.
