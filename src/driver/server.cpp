@@ -5,7 +5,6 @@
 #include <cerrno>
 #include <climits>
 #include <map>
-#include <poll.h>
 #include <string_view>
 #include <sys/epoll.h>
 #include <sys/socket.h>
@@ -14,7 +13,6 @@
 #include "platform/io.hpp"
 #include "platform/metadata.hpp"
 #include "platform/packet.hpp"
-#include "platform/signals.hpp"
 #include "platform/socket_io.hpp"
 #include "zelm_driver/item_socket.hpp"
 
@@ -184,20 +182,6 @@ void Server::answer(Item& item)
     for (int i = 0; i < count; ++i)
         m_parts->answer_client(events[static_cast<std::size_t>(i)].data.fd, item);
     m_parts->accept_clients();
-}
-
-bool serve(const std::string& settings_path, Item& item)
-{
-    const Descriptor signals = hold_back_end_signals();
-    Server server;
-    if (!signals || !server.open(settings_path))
-        return false;
-    std::array<pollfd, 2> waited{{{signals.get(), POLLIN, 0}, {server.descriptor(), POLLIN, 0}}};
-    while (waited[0].revents == 0) {
-        ::poll(waited.data(), waited.size(), -1);
-        server.answer(item);
-    }
-    return true;
 }
 
 }  // namespace zelm_driver

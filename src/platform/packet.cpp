@@ -97,7 +97,7 @@ std::uint64_t Reader::sequence() const
 const char* Reader::command() const
 {
     const char* word = text(COMMAND_AT);
-    return word ? word : "";
+    return word && std::strlen(word) < COUNT_AT - COMMAND_AT ? word : "";
 }
 
 std::size_t Reader::arguments() const

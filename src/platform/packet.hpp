@@ -66,7 +66,7 @@ public:
 
     std::uint8_t flags() const;      // 0 when missing
     std::uint64_t sequence() const;  // 0 when missing
-    const char* command() const;     // "" when missing
+    const char* command() const;     // "" when missing, and when it doesn't end in its field
     std::size_t arguments() const;   // the count that the header states, 0 when missing
     Argument argument(std::size_t index) const;
 
