@@ -3,7 +3,7 @@
 //     schema_writer --json-schemas DIR                  DRIVER.schema.json of every document, and
 //                                                       zelmctl-get.schema.json of what holds them
 //     schema_writer --manifest DRIVER FILE [PIECE ...]  a manifest; pieces have what the document hasn't
-
+//     schema_writer --seeds DIR                         what the fuzzers start from
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -11,6 +11,7 @@
 
 #include "tools/json_schema.hpp"
 #include "tools/manifest.hpp"
+#include "tools/seeds.hpp"
 
 namespace {
 
@@ -31,6 +32,16 @@ bool write_json_schemas(const std::filesystem::path& directory)
         whole &=
             write_file(directory / (std::string(schema.driver) + ".schema.json"), json_schema_of(schema));
     return whole && write_file(directory / "zelmctl-get.schema.json", json_schema_of_get());
+}
+
+bool write_seeds(const std::filesystem::path& directory)
+{
+    bool whole = true;
+    for (const auto& [name, bytes] : fuzz_seeds()) {
+        std::filesystem::create_directories((directory / name).parent_path());
+        whole &= write_file(directory / name, bytes);
+    }
+    return whole;
 }
 
 bool write_manifest(const Schema& schema, const char* path, const std::vector<const char*>& pieces)
@@ -60,10 +71,13 @@ int main(int argc, char** argv)
     const std::vector<const char*> arguments(argv + 1, argv + argc);
     if (arguments.size() == 2 && std::string(arguments[0]) == "--json-schemas")
         return write_json_schemas(arguments[1]) ? 0 : 1;
+    if (arguments.size() == 2 && std::string(arguments[0]) == "--seeds")
+        return write_seeds(arguments[1]) ? 0 : 1;
     if (arguments.size() >= 3 && std::string(arguments[0]) == "--manifest")
         if (const Schema* const schema = find_schema(arguments[1]))
             return write_manifest(*schema, arguments[2], {arguments.begin() + 3, arguments.end()}) ? 0 : 1;
     std::fprintf(stderr, "usage: schema_writer --json-schemas DIR\n"
-                         "       schema_writer --manifest DRIVER FILE [PIECE ...]\n");
+                         "       schema_writer --manifest DRIVER FILE [PIECE ...]\n"
+                         "       schema_writer --seeds DIR\n");
     return 2;
 }

@@ -1,0 +1,121 @@
+#include "tools/seeds.hpp"
+
+#include <regex>
+#include <set>
+
+#include "platform/packet.hpp"
+#include "schema/create_consumer.hpp"
+#include "tools/json_schema.hpp"
+#include "tools/manifest.hpp"
+
+using json11::Json;
+
+namespace {
+
+using Words = std::set<std::string>;
+using Texts = std::map<std::string, std::string>;
+
+Json scalar_of(const Json& type)
+{
+    return type == "string" ? Json("a/b") : type == "boolean" ? Json(true) : Json(7);
+}
+
+// A value that the JSON Schema allows, with all members in it, of arrays those of the first element. Adds
+// their names and usual words.
+Json sample_of(const Json& schema, Words& words)
+{
+    for (const char* offered : {"enum", "examples", "anyOf"})
+        if (const Json& choices = schema[offered]; choices.is_array()) {
+            for (const Json& word : choices.array_items())
+                words.insert(word.is_string() ? word.string_value() : "null");
+            return choices[0].is_object() ? sample_of(choices[0], words) : choices[0];
+        }
+    const Json& type = schema["type"].is_array() ? schema["type"][0] : schema["type"];
+    if (type == "array")
+        return Json::array{
+            sample_of(schema["prefixItems"].is_array() ? schema["prefixItems"][0] : schema["items"], words)};
+    if (type != "object")
+        return scalar_of(type);
+    Json::object members;
+    for (const auto& [name, member] : schema["properties"].object_items())
+        members[*words.insert(name).first] = sample_of(member, words);
+    return members;
+}
+
+// What the document sets, and for other keys what they count as, or else a text that each coding takes. Of
+// arrays the first element is enough.
+Texts settings_of(const Schema& schema, const std::string& document)
+{
+    const std::regex later_element("\\.[1-9][0-9]*\\.");
+    const auto consumer = createConsumer(std::string(schema.driver), document);
+    consumer->createItems();
+    Texts settings(consumer->items().begin(), consumer->items().end());
+    for_each_member(
+        schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& member) {
+            if (!std::regex_search(path, later_element))
+                settings.emplace(key, member.usual().empty() ? "-18.5,-inf" : member.usual());
+        });
+    return settings;
+}
+
+// A reply has pairs of name and value, a request has values alone.
+std::string packet_of(const char* command, std::uint8_t flags, const Texts& entries)
+{
+    packet::Writer writer;
+    writer.begin(command, flags, 1);
+    for (const auto& [name, value] : entries)
+        if (flags == packet::FLAG_REQUEST)
+            writer.add(name.c_str()), writer.add(value.c_str());
+        else
+            writer.add(("*" + name).c_str(), value.c_str());
+    writer.finish();
+    return {writer.bytes().begin(), writer.bytes().end()};
+}
+
+// In each of the targets that know drivers, the first byte of an input tells which it is of.
+void add_seeds(Texts& seeds, const Schema& schema, Words& words)
+{
+    const std::string word(schema.driver);
+    const std::string driver(1, static_cast<char>(&schema - SCHEMAS));
+    std::string error;
+    const std::string document = sample_of(Json::parse(json_schema_of(schema), error), words).dump();
+    const Texts settings = settings_of(schema, document);
+    std::string lines = "#multiline\n";
+    std::string metadata;
+    for (const auto& [key, value] : settings) {
+        words.insert(key);
+        lines += key + "=" + value + "\n";
+        metadata += "0\t" + key + "\t" + value + "\n";
+    }
+    const std::string manifest = manifest_of(schema, {});
+    const char* const value = R"((: |\[)(7|true|"[^"]*"))";
+    for (const auto& [what, where, instead] :
+        {std::tuple("", value, "$&"), {"_of_nulls", value, "$1null"}, {"_of_texts", value, "$1\"-2.5\""},
+            {"_of_lists", value, "$1[{}]"}, {"_misfit", R"(\{[^{}]*\})", "[7]"}}) {
+        const std::string other = driver + std::regex_replace(document, std::regex(where), instead);
+        seeds["documents/" + word + what] = other;
+        seeds["checks/document_" + word + what] = other;
+    }
+    seeds["checks/settings_" + word] = driver + lines;
+    seeds["checks/manifest_" + word] = driver + manifest;
+    seeds["manifests/" + word] = manifest;
+    seeds["metadata/" + word] = metadata;
+    seeds["reports/" + word] = driver + packet_of("report", 0, settings);
+    seeds["settings/" + word] = lines;
+}
+
+}  // namespace
+
+Texts fuzz_seeds()
+{
+    Texts seeds;
+    Words words;
+    for (const Schema& schema : SCHEMAS)
+        add_seeds(seeds, schema, words);
+    seeds["server/report"] = packet_of("report", packet::FLAG_REQUEST, {});
+    seeds["server/set"] = packet_of("set", packet::FLAG_REQUEST, {{"title", "text"}});
+    words.erase("");
+    for (const std::string& word : words)
+        seeds["dictionary"] += Json(word).dump() + "\n";
+    return seeds;
+}
