@@ -56,6 +56,8 @@ ROWS = [
     ("zelmctl wait ", "", ["running", "stopped", "answering"]),
     ("zelmctl wait running ", "output/m", ["output/main"]),
     ("zelmctl stop ", "--k", ["--kill"]),
+    ("zelmctl get ", "--se", ["--secrets", "--settings"]),
+    ("zelmctl metrics -o ", SAMPLE[:-9], [SAMPLE]),
     ("zelmctl check ", "", ["document", "settings", "manifest"]),
     ("zelmctl check document --driver ", "x", ["x11"]),
     ("zelmctl check --kind ", "", ["channel", "output", "input", "router"]),

@@ -4,6 +4,7 @@ An example is a literal block of the page's source in which lines after "$ " are
 with them, and all others are what they print. The examples of a page are one shell's, from top to bottom.
 """
 
+import json
 import pathlib
 import re
 import subprocess
@@ -35,6 +36,21 @@ def driver_words(source, candidates):
     described = set(re.findall(r"(?<!\S)_([a-z0-9_]+)_(?!\w)", section))
     known = set(" ".join(re.findall(r"(?:drivers|documents)='([^']*)'", candidates)).split())
     return [f"the driver words differ: {sorted(described ^ known)}"] if described != known else []
+
+
+def secrets(source, schemas):
+    """The page names the settings that the schemas tell to give access, and no others."""
+    marked = set()
+
+    def note(member):
+        if "It gives access" in str(member.get("description")):
+            marked.add(member["title"])
+        return member
+
+    for path in schemas.glob("*.schema.json"):
+        json.loads(path.read_text(), object_hook=note)
+    described = set(re.findall(r"_([a-z0-9 ]+)_", re.search(r"^Secret are (.*?)\n\n", source, re.MULTILINE | re.DOTALL)[1]))
+    return [f"the secrets differ: {sorted(described ^ marked)}"] if described != marked else []
 
 
 def line_limits(source):
@@ -77,5 +93,7 @@ text = (ROOT / "man" / (page.name + ".scd")).read_text()
 faults = lint(page) + line_limits(text) + run_examples(text)
 if page.name == "zelm_outctl.1":
     faults += switches(text) + driver_words(text, (page.parent.parent / "completions/candidates").read_text())
+if page.name == "zelmctl.1":
+    faults += secrets(text, page.parent.parent / "schemas")
 print("\n".join(faults))
 sys.exit(bool(faults))
