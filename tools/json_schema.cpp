@@ -237,7 +237,7 @@ void add_rows(Member& around, std::span<const Row> rows)
             add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row);
         else
             for_each_face(row, [&](const Face& face, Direction direction) {
-                add_face(member_at(around, face.path), {&row, &face, direction});
+                add_face(member_at(around, PathText(face)), {&row, &face, direction});
             });
     }
 }
@@ -281,7 +281,7 @@ void name_driver(Member& document, const Schema& schema)
         return;
     const bool is_kept = schema.kind != ItemKind::INPUT &&
                          std::any_of(schema.rows.begin(), schema.rows.end(), [](const Row& row) {
-                             return row.read.path == "driver" && !row.read.key.empty();
+                             return std::string_view(PathText(row.read)) == "driver" && !row.read.key.empty();
                          });
     const std::string word(schema.driver);
     Json::object& member = driver->second.schema;

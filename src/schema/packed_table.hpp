@@ -40,7 +40,7 @@ constexpr PackedSize packed_size(std::span<const Row> rows)
     for (const Row& row : rows) {
         for_each_face(row, [&](const Face& face, Direction) {
             size.rows += 1;
-            size.characters += face.path.size() + face.key.size() + face.null_text.size() + 3;
+            size.characters += PathText(face).size + face.key.size() + face.null_text.size() + 3;
         });
         const PackedSize inner = packed_size(row.group);
         size.rows += inner.rows;
@@ -62,7 +62,7 @@ private:
     {
         for (const Row& row : rows) {
             for_each_face(row, [&](const Face& face, Direction direction) {
-                m_rows[m_row_count++] = {text(face.path), text(face.key), text(face.null_text), 0,
+                m_rows[m_row_count++] = {text(PathText(face)), text(face.key), text(face.null_text), 0,
                     face.coding, direction, row.marks.nameless_if_absent, row.marks.secret, row.repeat};
             });
             const std::size_t before = m_row_count;

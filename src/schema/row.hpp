@@ -13,7 +13,7 @@
 
 // A member as it goes one way: written into a document from the settings, or read into them out of one.
 struct Face {
-    std::string_view path;  // names of members with dots between them; in an array, the number of the element
+    std::string_view path;  // names of members with dots between them, in an array numbers; or BY_KEY
     std::string_view key;   // of the settings file
     Coding coding = Coding::TEXT;
     std::string_view null_text = {};  // coding.hpp tells what it is to which coding
@@ -23,6 +23,29 @@ struct Face {
 };
 
 inline constexpr Face NEVER{};  // of a member that does not go that way
+
+// The path of a member that is called by its key, with a "_" for each byte that is no letter or digit.
+inline constexpr std::string_view BY_KEY = "=";
+
+// The path of a face, written out.
+struct PathText {
+    char text[80] = {};
+    std::size_t size = 0;
+
+    constexpr explicit PathText(const Face& face)
+    {
+        const bool by_key = face.path == BY_KEY;
+        for (const char c : by_key ? face.key : face.path)
+            text[size++] = by_key && !is_letter_or_digit(c) ? '_' : c;
+    }
+    constexpr operator std::string_view() const { return {text, size}; }
+
+private:
+    static constexpr bool is_letter_or_digit(char c)
+    {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+    }
+};
 
 // Which elements of an array in a document are read.
 enum class Elements : std::uint8_t {
@@ -63,7 +86,18 @@ constexpr Marks words(std::string_view words)
 }
 
 struct Row {
-    // A member that goes both ways alike.
+    // A member that goes both ways alike and is called by its key. Without a null text it is the empty one.
+    constexpr Row(std::string_view key, Coding coding, std::string_view text, Marks what = {})
+        : Row(BY_KEY, key, coding, {}, text, what)
+    {
+    }
+    constexpr Row(std::string_view key, Coding coding, std::string_view null_text, std::string_view text,
+        Marks what = {})
+        : Row(BY_KEY, key, coding, null_text, text, what)
+    {
+    }
+
+    // One that has a path of its own.
     constexpr Row(std::string_view path, std::string_view key, Coding coding, std::string_view null_text,
         std::string_view text, Marks what = {})
         : Row(Face{path, key, coding, null_text}, Face{path, key, coding, null_text}, text, what)

@@ -41,7 +41,7 @@ void for_each_member(std::span<const Row> rows, const Visitor& visit, const std:
     for (const Row& row : rows) {
         const auto place_of = [&path](const Face& face) {
             const bool goes_on = !path.empty() && !face.path.empty();
-            return path + (goes_on ? "." : "") + std::string(face.path);
+            return path + (goes_on ? "." : "") + std::string(PathText(face));
         };
         const std::string place = place_of(row.read);
         const std::string key = key_prefix + std::string(row.read.key);

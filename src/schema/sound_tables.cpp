@@ -43,7 +43,7 @@ struct Name {
     Hash path;    // and with it
     bool is_member;
     char place;  // of an element, 0 of all else
-    std::string_view row;
+    std::string_view key;
 };
 using Names = std::vector<Name>;
 
@@ -53,13 +53,15 @@ constexpr char place_of(std::string_view name)
 }
 
 // Adds the names of a row's path, and gives its hash.
-constexpr Hash add_names(Names& names, Hash around, std::string_view path, bool is_member)
+constexpr Hash add_names(Names& names, Hash around, const Face& face, bool is_member)
 {
+    const PathText text(face);
+    const std::string_view path = text;
     for (std::size_t begin = 0; begin < path.size();) {
         const std::size_t end = std::min(path.find('.', begin), path.size());
         const std::string_view name = path.substr(begin, end - begin);
         const Hash hash = step(around, name);
-        names.push_back({around, hash, is_member && end == path.size(), place_of(name), path});
+        names.push_back({around, hash, is_member && end == path.size(), place_of(name), face.key});
         around = hash;
         begin = end + 1;
     }
@@ -72,7 +74,7 @@ constexpr void add_rows(Names& names, Hash around, std::span<const Row> rows, Fa
     for (const Row& row : rows) {
         if (way == &Row::read && row.marks.read_again)
             continue;
-        const Hash path = add_names(names, around, (row.*way).path, row.group.empty());
+        const Hash path = add_names(names, around, row.*way, row.group.empty());
         add_rows(names, row.repeat.count > 0 ? step(path, "#") : path, row.group, way);
     }
 }
@@ -82,7 +84,7 @@ constexpr void find_twice(Fault& fault, Names& names)
     std::sort(names.begin(), names.end(), [](const Name& a, const Name& b) { return a.path < b.path; });
     for (std::size_t i = 1; i < names.size(); ++i)
         fault.note_if(names[i].path == names[i - 1].path && (names[i].is_member || names[i - 1].is_member),
-            names[i].row, "a path stands twice, or holds others");
+            names[i].key, "a path stands twice, or holds others");
 }
 
 // What holds a "0" is written as an array of all that it holds, in the order of the names.
@@ -94,9 +96,9 @@ constexpr void find_false_places(Fault& fault, Names& names)
     for (std::size_t i = 0; i < names.size(); ++i) {
         const bool is_first = i == 0 || names[i].around != names[i - 1].around;
         const char before = is_first ? '\0' : names[i - 1].place;
-        fault.note_if(!is_first && before == '\0' && names[i].place != '\0', names[i].row,
+        fault.note_if(!is_first && before == '\0' && names[i].place != '\0', names[i].key,
             "a place stands among names");
-        fault.note_if(names[i].place > std::max(before, '/') + 1, names[i].row, "an array lacks a place");
+        fault.note_if(names[i].place > std::max(before, '/') + 1, names[i].key, "an array lacks a place");
     }
 }
 
@@ -106,7 +108,7 @@ constexpr void find_false_texts(Fault& fault, std::span<const Row> rows)
         for_each_face(row, [&](const Face& face, Direction) {
             fault.note_if((face.key.find('#') != face.key.npos) != (row.repeat.count > 0), face.key,
                 "a # without a repeat, or a repeat without one");
-            fault.note_if(row.group.empty() && !codings::takes(face.coding, face.null_text), face.path,
+            fault.note_if(row.group.empty() && !codings::takes(face.coding, face.null_text), face.key,
                 "a null text that its coding can't read");
         });
         find_false_texts(fault, row.group);

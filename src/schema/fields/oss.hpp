@@ -10,15 +10,13 @@ using enum Coding;
 
 inline constexpr Row OSS[] = {
     {"", "", OUTPUT_START},
-    {"driver", "driver", NULLABLE_CONSTANT, "oss", ""},
+    {"driver", NULLABLE_CONSTANT, "oss", ""},
     {"", "", AUDIO_SOURCE},
     {"", "", AUDIO_FORMAT},
-    {"oss_output", "oss output", NULLABLE_TEXT, "", "OSS output device index"},
+    {"oss output", NULLABLE_TEXT, "OSS output device index"},
     {"", "", AUDIO_NORMALIZER},
-    {"active", "active", NULLABLE_TEXT, "", "Status, whether or not the output to the sound card is active",
-        STATUS},
-    {"oss_buffer_size", "oss buffer size", NULLABLE_TEXT, "", "Status, buffer size to the sound card",
-        STATUS},
+    {"active", NULLABLE_TEXT, "Status, whether or not the output to the sound card is active", STATUS},
+    {"oss buffer size", NULLABLE_TEXT, "Status, buffer size to the sound card", STATUS},
     {"", "", AUDIO_OUTPUT_END},
 };
 

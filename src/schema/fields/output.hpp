@@ -9,31 +9,31 @@ using enum Coding;
 
 inline constexpr Row OUTPUT_START[] = {
     // A text, unlike the flag below it.
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
-    {"autorestart", "autorestart", BOOLEAN, "0",
+    {"autostart", NULLABLE_TEXT, "Whether or not the item is automatically started"},
+    {"autorestart", BOOLEAN, "0",
         "If set, start the item through a management tool that auto-restarts the item on failure"},
 };
 
 // Of the outputs to a sound card.
 inline constexpr Row AUDIO_SOURCE[] = {
-    {"item", "item", NULLABLE_TEXT, "", "Channel path to feed from"},
-    {"audio_volume", "audio volume", TEXT, "100", "Audio volume percent (0..100)"},
+    {"item", NULLABLE_TEXT, "Channel path to feed from"},
+    {"audio volume", TEXT, "100", "Audio volume percent (0..100)"},
 };
 inline constexpr Row AUDIO_FORMAT[] = {
-    {"audio_rate", "audio rate", NULLABLE_TEXT, "",
+    {"audio rate", NULLABLE_TEXT,
         "Audio sample rate, in Hz, to render output at. Actual sample rate is constrained by sound card capabilities."},
-    {"audio_channels", "audio channels", NULLABLE_TEXT, "",
+    {"audio channels", NULLABLE_TEXT,
         "Audio channel count to render output at. Typical: 1 (mono), 2 (stereo), 6 (5.1 surround). Actual channel count is constrained by sound card capabilities."},
 };
 
 inline constexpr Row AUTOSTART_ITEM[] = {
-    {"autostart_item", "autostart item", NULLABLE_TEXT, "",
+    {"autostart item", NULLABLE_TEXT,
         "If set, the output will attempt to start the item it feeds from when you start the output, and will attempt to restart the item automatically."},
 };
 
 inline constexpr Row AUDIO_OUTPUT_END[] = {
-    {"audio_last_error", "audio last error", NULLABLE_TEXT, "",
-        "Last error encountered when trying to open the audio output", STATUS},
+    {"audio last error", NULLABLE_TEXT, "Last error encountered when trying to open the audio output",
+        STATUS},
     {"", "", AUTOSTART_ITEM},
 };
 

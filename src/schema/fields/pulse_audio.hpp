@@ -10,15 +10,14 @@ using enum Coding;
 
 inline constexpr Row PULSE_AUDIO[] = {
     {"", "", OUTPUT_START},
-    {"driver", "driver", NULLABLE_CONSTANT, "pulseaudio", ""},
+    {"driver", NULLABLE_CONSTANT, "pulseaudio", ""},
     {"", "", AUDIO_SOURCE},
     {"", "", AUDIO_FORMAT},
     {"", "", AUDIO_NORMALIZER},
-    {"active", "active", NULLABLE_TEXT, "", "Status display, whether or not the audio output is open",
-        STATUS},
+    {"active", NULLABLE_TEXT, "Status display, whether or not the audio output is open", STATUS},
     {"", "", AUDIO_OUTPUT_END},
-    {"audio_last_notes", "audio last notes", NULLABLE_TEXT, "", "Notes about PulseAudio.", DEBUG_STATUS},
-    {"pulseaudio_sink", "pulseaudio sink", NULLABLE_TEXT, "", "PulseAudio sink device to send audio to"},
+    {"audio last notes", NULLABLE_TEXT, "Notes about PulseAudio.", DEBUG_STATUS},
+    {"pulseaudio sink", NULLABLE_TEXT, "PulseAudio sink device to send audio to"},
 };
 
 }  // namespace fields

@@ -10,13 +10,13 @@ namespace fields {
 using enum Coding;
 
 inline constexpr Row ROUTER_START[] = {
-    {"stay_resident", "stay resident", NULLABLE_TEXT, "",
+    {"stay resident", NULLABLE_TEXT,
         "If set (1), the router item stays resident even when not in use. Default off."},
-    {"autostart", "autostart", NULLABLE_TEXT, "", "Whether or not the item is automatically started"},
+    {"autostart", NULLABLE_TEXT, "Whether or not the item is automatically started"},
 };
 
 inline constexpr Row ROUTER_END[] = {
-    {"offline", "offline", NULLABLE_TEXT, "",
+    {"offline", NULLABLE_TEXT,
         "Set this option to prevent Tavorn from starting this router, to keep it offline."},
 };
 
@@ -24,13 +24,11 @@ constexpr std::array<Row, 7> network_router(std::string_view driver)
 {
     return {{
         {"", "", ROUTER_START},
-        {"driver", "driver", NULLABLE_CONSTANT, driver, ""},
-        {"ip_address", "ip address", NULLABLE_TEXT, "", "IP address of router/switcher unit"},
-        {"port", "port", NULLABLE_TEXT, "", "Port number to connect to. If not specified, use default."},
-        {"inputs", "inputs", NULLABLE_TEXT, "",
-            "Number of inputs on the router. If not set, autodetected from device"},
-        {"outputs", "outputs", NULLABLE_TEXT, "",
-            "Number of outputs on the router. If not set, autodetected from device"},
+        {"driver", NULLABLE_CONSTANT, driver, ""},
+        {"ip address", NULLABLE_TEXT, "IP address of router/switcher unit"},
+        {"port", NULLABLE_TEXT, "Port number to connect to. If not specified, use default."},
+        {"inputs", NULLABLE_TEXT, "Number of inputs on the router. If not set, autodetected from device"},
+        {"outputs", NULLABLE_TEXT, "Number of outputs on the router. If not set, autodetected from device"},
         {"", "", ROUTER_END},
     }};
 }
@@ -39,16 +37,14 @@ constexpr std::array<Row, 8> serial_router(std::string_view driver)
 {
     return {{
         {"", "", ROUTER_START},
-        {"driver", "driver", NULLABLE_CONSTANT, driver, ""},
-        {"port", "port", NULLABLE_TEXT, "",
+        {"driver", NULLABLE_CONSTANT, driver, ""},
+        {"port", NULLABLE_TEXT,
             "Serial communications port associated with the router. Typical values are /dev/ttyS0 (motherboard serial port) and /dev/ttyUSB0 (USB serial adapter). If using the virtual router for testing, this is the full path of the socket."},
-        {"serial_port_baud_rate", "serial port baud rate", NULLABLE_TEXT, "",
+        {"serial port baud rate", NULLABLE_TEXT,
             "Serial communications port baud rate. Common values are 1200, 2400, 4800, 9600, and 19200."},
-        {"inputs", "inputs", NULLABLE_TEXT, "",
-            "Number of inputs on the router. If not set, driver default is used"},
-        {"outputs", "outputs", NULLABLE_TEXT, "",
-            "Number of outputs on the router. If not set, driver default is used"},
-        {"route_delay", "route delay", NULLABLE_TEXT, "",
+        {"inputs", NULLABLE_TEXT, "Number of inputs on the router. If not set, driver default is used"},
+        {"outputs", NULLABLE_TEXT, "Number of outputs on the router. If not set, driver default is used"},
+        {"route delay", NULLABLE_TEXT,
             "Delay between sending route command and retrieving status in milliseconds. This is needed by some models to properly reflect the router's state after changes. Leave blank to automatically use a delay appropriate for the model."},
         {"", "", ROUTER_END},
     }};
