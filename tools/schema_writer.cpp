@@ -4,7 +4,6 @@
 //                                                       zelmctl-get.schema.json of what holds them
 //     schema_writer --manifest DRIVER FILE [PIECE ...]  a manifest; pieces have what the document hasn't
 //     schema_writer --seeds DIR                         what the fuzzers start from
-#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -55,13 +54,6 @@ bool write_manifest(const Schema& schema, const char* path, const std::vector<co
         }
     }
     return write_file(path, manifest_of(schema, beside));
-}
-
-const Schema* find_schema(const std::string& driver)
-{
-    const auto found = std::find_if(std::begin(SCHEMAS), std::end(SCHEMAS),
-        [&driver](const Schema& schema) { return schema.driver == driver; });
-    return found == std::end(SCHEMAS) ? nullptr : found;
 }
 
 }  // namespace

@@ -5,9 +5,9 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <poll.h>
-#include <string>
 #include <sys/time.h>
 
 #include "platform/packet.hpp"

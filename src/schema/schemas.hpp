@@ -19,6 +19,15 @@ inline constexpr Schema SCHEMAS[] = {
 #include "schema/drivers.def"
 };
 
+// The table of a driver word; "channel" and the empty word mean a channel's. Null for a word that has none.
+inline const Schema* find_schema(std::string_view driver)
+{
+    for (const Schema& schema : SCHEMAS)
+        if (schema.driver == (driver.empty() ? "channel" : driver))
+            return &schema;
+    return nullptr;
+}
+
 // One face of a member, or both where they are alike.
 struct MemberFace {
     const Row* row;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "control/items/role.hpp"
 #include "zelmctl/check/check_document.hpp"
 #include "zelmctl/check/check_manifest.hpp"
 #include "zelmctl/check/check_settings.hpp"
@@ -37,22 +38,11 @@ struct CommandLine {
     std::vector<std::string> files;
 };
 
-constexpr struct {
-    const char* name;
-    ItemKind kind;
-    std::string_view directory;
-} KINDS[] = {
-    {"channel", ItemKind::CHANNEL, CHANNEL_LIST_PATH},
-    {"output", ItemKind::OUTPUT, OUTPUT_LIST_PATH},
-    {"input", ItemKind::INPUT, INPUT_LIST_PATH},
-    {"router", ItemKind::ROUTER, ROUTING_LIST_PATH},
-};
-
 std::optional<ItemKind> kind_called(const std::string& name)
 {
-    for (const auto& row : KINDS)
-        if (name == row.name)
-            return row.kind;
+    for (const Role& role : ROLES)
+        if (name == role.word)
+            return role.kind;
     return std::nullopt;
 }
 
@@ -61,9 +51,9 @@ std::optional<ItemKind> kind_of_file(const std::string& file)
 {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(file, error).lexically_normal();
-    for (const auto& row : KINDS)
-        if (file != "-" && path.parent_path().filename() == std::filesystem::path(row.directory).filename())
-            return row.kind;
+    for (const Role& role : ROLES)
+        if (file != "-" && path.parent_path().filename() == std::filesystem::path(role.directory).filename())
+            return role.kind;
     return std::nullopt;
 }
 

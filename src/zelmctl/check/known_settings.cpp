@@ -34,14 +34,6 @@ void add_rows(KnownSettings& known, std::span<const Row> rows, const std::string
 
 }  // namespace
 
-const Schema* find_schema(std::string_view driver)
-{
-    for (const Schema& schema : SCHEMAS)
-        if (schema.driver == (driver.empty() ? "channel" : driver))
-            return &schema;
-    return nullptr;
-}
-
 std::vector<KnownName> driver_words()
 {
     std::vector<KnownName> words;

@@ -9,9 +9,6 @@
 #include "schema/schemas.hpp"
 #include "zelmctl/check/nearest_name.hpp"
 
-// The table of a driver word; "channel" and the empty word mean a channel's. Null for a word that has none.
-const Schema* find_schema(std::string_view driver);
-
 // The driver words that have a table. One that is a driver all the same has no document to check by.
 std::vector<KnownName> driver_words();
 bool has_no_document(std::string_view driver, ItemKind kind);
