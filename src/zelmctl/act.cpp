@@ -99,7 +99,7 @@ std::string in_one_line(std::string text)
 
 class Action {
 public:
-    Action(const Options& options, std::vector<ItemId> items)
+    Action(const Options& options, const std::vector<ItemId>& items)
         : m_options(options), m_deadline_us(options.deadline_us()), m_items(selection_of(items), 0),
           m_outcomes(options.json, options.timeout_us)
     {
@@ -141,7 +141,7 @@ private:
     {
         for (const Role& role : ROLES)
             for (const std::string& name : m_options.items.names(role))
-                if (!find_items(selection_of({{&role, name}})).items.size())
+                if (find_items(selection_of({{&role, name}})).items.empty())
                     m_outcomes.tell({&role, name}, absent(last));
     }
 
@@ -257,8 +257,8 @@ private:
 
 Status act_on_items(const Options& options, std::initializer_list<Act> acts)
 {
-    FoundItems found = items_to_act_on(options);
-    return std::max(found.status, Action(options, std::move(found.items)).run(acts));
+    const FoundItems found = items_to_act_on(options);
+    return std::max(found.status, Action(options, found.items).run(acts));
 }
 
 Status start_items(const Options& options)

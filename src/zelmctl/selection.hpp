@@ -2,10 +2,10 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <set>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 #include "control/items/role.hpp"
 
@@ -14,8 +14,12 @@ struct ItemId {
     const Role* role;  // a row of ROLES
     std::string name;
 
-    auto operator<=>(
-        const ItemId&) const = default;  // kind by kind in the order of ROLES, then by the name's bytes
+    // Kind by kind in the order of ROLES, then by the bytes of the names.
+    bool operator<(const ItemId& other) const
+    {
+        return std::tie(role, name) < std::tie(other.role, other.name);
+    }
+    bool operator==(const ItemId&) const = default;
 };
 
 // "output/main", for people.

@@ -148,7 +148,8 @@ private:
 
     void check_values(const KnownSettings& known)
     {
-        for (const auto& [key, setting] : m_settings.all()) {
+        for (const auto& [key, stored] : m_settings.all()) {
+            const auto& setting = stored;  // which a function object can take in
             m_line = setting.line;
             if (counts_as_off(key, setting.value))
                 say(in_quotes(setting.value) + " is no number, and counts as 0");
