@@ -84,8 +84,8 @@ void add_seeds(Texts& seeds, const Schema& schema, Words& words)
     std::string metadata;
     for (const auto& [key, value] : settings) {
         words.insert(key);
-        lines += key + "=" + value + "\n";
-        metadata += "0\t" + key + "\t" + value + "\n";
+        lines.append(key).append("=").append(value).append("\n");
+        metadata.append("0\t").append(key).append("\t").append(value).append("\n");
     }
     const std::string manifest = manifest_of(schema, {});
     const char* const value = R"((: |\[)(7|true|"[^"]*"))";
