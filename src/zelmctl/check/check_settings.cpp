@@ -154,9 +154,10 @@ private:
             if (counts_as_off(key, setting.value))
                 say(in_quotes(setting.value) + " is no number, and counts as 0");
             if (const auto members = known.find(key);
-                members != known.end() &&
-                std::any_of(members->second.begin(), members->second.end(),
-                    [&](const MemberFace& member) { return ends_listing(member, setting.value); }))
+                members != known.end() && std::any_of(members->second.begin(), members->second.end(),
+                                              [&value = setting.value](const MemberFace& member) {
+                                                  return ends_listing(member, value);
+                                              }))
                 say("a listing as JSON ends abnormally on the " + in_quotes(key) + " of " +
                     in_quotes(setting.value));
         }
