@@ -18,4 +18,7 @@ TEST(Packet, TakesACommandAndArgumentsUpToTheirLimits)
     EXPECT_EQ(reader.argument(65534).name, nullptr) << "a request's arguments have none";
     EXPECT_STREQ(reader.argument(65534).value, "v");
     EXPECT_FALSE(reader.argument(65535).in_table);
+    writer.begin("", 0, 0);
+    writer.finish();
+    EXPECT_EQ(writer.bytes()[packet::TABLE_AT], 0x67) << "others put the table right behind the header";
 }

@@ -60,8 +60,13 @@ TEST_F(Exchange, TakesAReplyThatCameInTimeHoweverLateItIsRead)
 {
     ReportExchange exchange(m_path, report_deadline(1));
     Descriptor peer = accept();
-    for (const Bytes& bytes : {packet_of(packet::FLAG_EVENT, {}), Bytes(), packet_of(0, {{"*k", "v"}})})
+    for (const Bytes& bytes :
+        {Bytes(), packet_of(packet::FLAG_EVENT, {}), Bytes(), packet_of(0, {{"*k", "v"}})}) {
         ASSERT_GT(send_packet(peer.get(), bytes), 0);
+        if (bytes.empty())
+            exchange.proceed();
+        EXPECT_FALSE(exchange.has_ended()) << "an empty packet says nothing";
+    }
     peer.reset();
     ::usleep(1050000);
     exchange.proceed();
