@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
+#include <set>
 #include <utility>
 
 #include "control/commands/gather_item.hpp"
@@ -13,7 +14,6 @@
 #include "zelmctl/check/findings.hpp"
 #include "zelmctl/check/known_settings.hpp"
 #include "zelmctl/check/value_change.hpp"
-#include "zelmctl/secrets.hpp"
 
 using json11::Json;
 
@@ -51,12 +51,28 @@ Json lines_of(std::string_view value)
     return split(std::string(value), "\n");
 }
 
+// The keys of what gives access, of any driver.
+const std::set<std::string, std::less<>>& secret_keys()
+{
+    static const auto keys = [] {
+        std::set<std::string, std::less<>> marked;
+        for (const Schema& schema : SCHEMAS)
+            for_each_member(
+                schema.rows, [&](const std::string&, const std::string& key, const MemberFace& member) {
+                    if (member.row->marks.secret)
+                        marked.insert(key);
+                });
+        return marked;
+    }();
+    return keys;
+}
+
 // Beside what the file holds, the list has a driver that an input's type means.
 Json settings_of(const InfoList& list, bool has_secrets)
 {
     Json::object settings;
     for (const auto& [key, item] : list)
-        if (item.marker == '=' && (has_secrets || !is_secret(key)))
+        if (item.marker == '=' && (has_secrets || !secret_keys().contains(key)))
             settings[std::string(key)] = lines_of(item.value);
     return settings;
 }

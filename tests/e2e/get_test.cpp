@@ -27,7 +27,7 @@ TEST_F(Get, TellsEveryItemWithItsOwnDocument)
         bring_up("zelm_outctl", item);
     bring_up("zelm_chctl", "channel1");
     EXPECT_EQ(output_of("/usr/bin/python3 " TESTS "/e2e/answers.py"), "");
-    const Json outputs = get("--timeout 0.5")["outputs"];
+    const Json outputs = get("--timeout 1")["outputs"];
     EXPECT_EQ(outputs["hung"]["answers"], Json(false));
     EXPECT_EQ(outputs["main"]["answers"], Json(true));
     EXPECT_EQ(outputs["main"]["document"]["debug"]["lastNotes"],
@@ -101,8 +101,8 @@ TEST_F(Get, AsksInTurnsWhereFewDescriptorsAreLeft)
     const std::string counts = "zelm_items{kind=\"output\",state=\"running\"} 96\n"
                                "zelm_items{kind=\"output\",state=\"stopped\"} 0\n"
                                "zelm_items{kind=\"output\",state=\"hung\"} 4\n";
-    expect_each({"ulimit -n 64; zelmctl metrics --timeout 2 | grep '\"output\",state'",
-                    "ulimit -Sn 20; zelmctl metrics --timeout 2 | grep '\"output\",state'"},
+    expect_each({"ulimit -n 64; zelmctl metrics --timeout 3 | grep '\"output\",state'",
+                    "ulimit -Sn 20; zelmctl metrics --timeout 3 | grep '\"output\",state'"},
         {0, counts, ""});
 }
 
