@@ -1,9 +1,9 @@
 #include "tools/seeds.hpp"
 
-#include <regex>
 #include <set>
 
 #include "platform/packet.hpp"
+#include "schema/composite_text.hpp"
 #include "schema/create_consumer.hpp"
 #include "tools/json_schema.hpp"
 #include "tools/manifest.hpp"
@@ -20,39 +20,57 @@ Json scalar_of(const Json& type)
     return type == "string" ? Json("a/b") : type == "boolean" ? Json(true) : Json(7);
 }
 
-// A value that the JSON Schema allows, with all members in it, of arrays those of the first element. Adds
-// their names and usual words.
-Json sample_of(const Json& schema, Words& words)
+// A value that the JSON Schema allows, with all members in it, of arrays those of the first element; or the
+// same with another value in the place of all that are no groups. Adds their names and usual words.
+Json sample_of(const Json& schema, Words& words, const Json* instead = nullptr)
 {
     for (const char* offered : {"enum", "examples", "anyOf"})
         if (const Json& choices = schema[offered]; choices.is_array()) {
             for (const Json& word : choices.array_items())
                 words.insert(word.is_string() ? word.string_value() : "null");
-            return choices[0].is_object() ? sample_of(choices[0], words) : choices[0];
+            return choices[0].is_object() ? sample_of(choices[0], words, instead)
+                   : instead              ? *instead
+                                          : choices[0];
         }
     const Json& type = schema["type"].is_array() ? schema["type"][0] : schema["type"];
     if (type == "array")
-        return Json::array{
-            sample_of(schema["prefixItems"].is_array() ? schema["prefixItems"][0] : schema["items"], words)};
+        return Json::array{sample_of(
+            schema["prefixItems"].is_array() ? schema["prefixItems"][0] : schema["items"], words, instead)};
     if (type != "object")
-        return scalar_of(type);
+        return instead ? *instead : scalar_of(type);
     Json::object members;
     for (const auto& [name, member] : schema["properties"].object_items())
-        members[*words.insert(name).first] = sample_of(member, words);
+        members[*words.insert(name).first] = sample_of(member, words, instead);
     return members;
 }
 
-// What the document sets, and for other keys what they count as, or else a text that each coding takes. Of
-// arrays the first element is enough.
+// A list in the place of each of the groups.
+Json misfit(const Json& document)
+{
+    Json::object members = document.object_items();
+    for (auto& [name, member] : members)
+        member = Json::array{7};
+    return members;
+}
+
+// Of arrays the first element is enough.
+bool is_of_later_element(const std::string& path)
+{
+    for (const std::string& name : split(path, "."))
+        if (name != "0" && name.find_first_not_of("0123456789") == std::string::npos)
+            return true;
+    return false;
+}
+
+// What the document sets, and for other keys what they count as, or else a text that each coding takes.
 Texts settings_of(const Schema& schema, const std::string& document)
 {
-    const std::regex later_element("\\.[1-9][0-9]*\\.");
     const auto consumer = createConsumer(std::string(schema.driver), document);
     consumer->createItems();
     Texts settings(consumer->items().begin(), consumer->items().end());
     for_each_member(
         schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& member) {
-            if (!std::regex_search(path, later_element))
+            if (!is_of_later_element(path))
                 settings.emplace(key, member.usual().empty() ? "-18.5,-inf" : member.usual());
         });
     return settings;
@@ -78,8 +96,9 @@ void add_seeds(Texts& seeds, const Schema& schema, Words& words)
     const std::string word(schema.driver);
     const std::string driver(1, static_cast<char>(&schema - SCHEMAS));
     std::string error;
-    const std::string document = sample_of(Json::parse(json_schema_of(schema), error), words).dump();
-    const Texts settings = settings_of(schema, document);
+    const Json json_schema = Json::parse(json_schema_of(schema), error);
+    const Json document = sample_of(json_schema, words);
+    const Texts settings = settings_of(schema, document.dump());
     std::string lines = "#multiline\n";
     std::string metadata;
     for (const auto& [key, value] : settings) {
@@ -88,14 +107,12 @@ void add_seeds(Texts& seeds, const Schema& schema, Words& words)
         metadata.append("0\t").append(key).append("\t").append(value).append("\n");
     }
     const std::string manifest = manifest_of(schema, {});
-    const char* const value = R"((: |\[)(7|true|"[^"]*"))";
-    for (const auto& [what, where, instead] :
-        {std::tuple("", value, "$&"), {"_of_nulls", value, "$1null"}, {"_of_texts", value, "$1\"-2.5\""},
-            {"_of_lists", value, "$1[{}]"}, {"_misfit", R"(\{[^{}]*\})", "[7]"}}) {
-        const std::string other = driver + std::regex_replace(document, std::regex(where), instead);
-        seeds["documents/" + word + what] = other;
-        seeds["checks/document_" + word + what] = other;
-    }
+    const auto with = [&](const Json& value) { return sample_of(json_schema, words, &value); };
+    const std::pair<const char*, Json> documents[] = {{"", document}, {"_misfit", misfit(document)},
+        {"_nulls", with(nullptr)}, {"_texts", with("-2.5")}, {"_lists", with(Json::array{Json::object{}})}};
+    for (const auto& [what, json] : documents)
+        for (const char* target : {"documents/", "checks/document_"})
+            seeds[target + word + what] = driver + json.dump();
     seeds["checks/settings_" + word] = driver + lines;
     seeds["checks/manifest_" + word] = driver + manifest;
     seeds["manifests/" + word] = manifest;
