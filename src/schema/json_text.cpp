@@ -5,6 +5,9 @@
 #include <climits>
 #include <cstdlib>
 #include <limits>
+#include <vector>
+
+#include "schema/composite_text.hpp"
 
 using json11::Json;
 
@@ -68,10 +71,10 @@ std::string number_text(const Json& json, std::string_view default_text)
 
 std::string array_text(const Json& json, const std::string& separator)
 {
-    std::string text;
+    std::vector<std::string> parts;
     for (const Json& member : json.array_items())
-        text += separator + member.string_value();
-    return text.empty() ? text : text.substr(separator.size());
+        parts.push_back(member.string_value());
+    return join(parts, separator);
 }
 
 double number_in(const std::string& text)
