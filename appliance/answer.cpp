@@ -10,13 +10,9 @@
 #include "misbehaviour.hpp"
 #include "platform/packet.hpp"
 #include "report.hpp"
+#include "settings/settings_file.hpp"
 
 namespace {
-
-bool is_live_command(std::string_view key)
-{
-    return key.starts_with('+') || key.starts_with('-') || key.starts_with('&');
-}
 
 void set(DriverState& state, const packet::Reader& request)
 {

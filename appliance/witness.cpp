@@ -89,6 +89,5 @@ bool write_witness(const std::string& path, const std::string& text)
 {
     const std::string written = path + ".tmp";
     const Descriptor file(::open(written.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
-    return file && ::write(file.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size()) &&
-           ::rename(written.c_str(), path.c_str()) == 0;
+    return file && write_whole(file.get(), text) && ::rename(written.c_str(), path.c_str()) == 0;
 }

@@ -26,12 +26,15 @@ std::optional<std::string> read_start(const std::string& path, std::size_t size)
     return start;
 }
 
-long long status_number(const std::string& line, int field, NameEnd name_end)
+std::optional<long long> status_number(pid_t process, int field, NameEnd name_end)
 {
-    const std::size_t end = name_end == NameEnd::FIRST ? line.find(')') : line.rfind(')');
+    const auto line = read_start("/proc/" + std::to_string(process) + "/stat", STATUS_SIZE);
+    if (!line)
+        return {};
+    const std::size_t end = name_end == NameEnd::FIRST ? line->find(')') : line->rfind(')');
     if (end == std::string::npos)
         return 0;
-    const char* at = line.c_str() + end + 1;
+    const char* at = line->c_str() + end + 1;
     for (int each = 3; each < field; ++each)
         skiptospc(at);
     return std::strtoll(at, nullptr, 10);
@@ -39,8 +42,7 @@ long long status_number(const std::string& line, int field, NameEnd name_end)
 
 pid_t parent_of(pid_t process)
 {
-    const auto line = read_start("/proc/" + std::to_string(process) + "/stat", STATUS_SIZE);
-    return line ? static_cast<pid_t>(status_number(*line, PARENT, NameEnd::LAST)) : 0;
+    return static_cast<pid_t>(status_number(process, PARENT, NameEnd::LAST).value_or(0));
 }
 
 std::vector<uid_t> users_of(const char* proc, pid_t process)

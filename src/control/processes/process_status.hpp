@@ -15,8 +15,8 @@ std::optional<std::string> read_start(const std::string& path, std::size_t size)
 enum class NameEnd { FIRST, LAST };
 
 // A number of the line in /proc/PID/stat, "id (name) state parent ...", whose fields are counted from 1. 0
-// when there is none.
-long long status_number(const std::string& line, int field, NameEnd name_end);
+// when there is no such field, none when the line can't be read.
+std::optional<long long> status_number(pid_t process, int field, NameEnd name_end);
 
 // 0 when there is no such process.
 pid_t parent_of(pid_t process);

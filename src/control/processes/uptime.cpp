@@ -38,19 +38,18 @@ std::optional<double> KernelClock::uptime_of(pid_t process) const
     struct stat state {};
     if (::lstat(path.c_str(), &state) != 0 || !S_ISREG(state.st_mode))
         return {};
-    const auto line = read_start(path, 4096);
-    if (!line)
+    const auto start = status_number(process, START_TIME, NameEnd::FIRST);
+    if (!start)
         return 0.0;
-    const auto ticks = static_cast<long long>(m_uptime) - status_number(*line, START_TIME, NameEnd::FIRST);
+    const auto ticks = static_cast<long long>(m_uptime) - *start;
     return static_cast<double>(std::max(ticks, 0LL)) / static_cast<double>(m_ticks);
 }
 
 std::optional<double> start_time_of(pid_t process)
 {
-    const auto line = read_start("/proc/" + std::to_string(process) + "/stat", 4096);
-    if (!line)
+    const auto start = status_number(process, START_TIME, NameEnd::LAST);
+    if (!start)
         return {};
     const double boot = seconds_by(CLOCK_REALTIME) - seconds_by(CLOCK_BOOTTIME);
-    return boot + static_cast<double>(status_number(*line, START_TIME, NameEnd::LAST)) /
-                      static_cast<double>(::sysconf(_SC_CLK_TCK));
+    return boot + static_cast<double>(*start) / static_cast<double>(::sysconf(_SC_CLK_TCK));
 }
