@@ -3,15 +3,15 @@
 //
 // What a row's null text is depends on its coding:
 //
-//     constants                      the constant
-//     TIMED_VALUE, RATIO, FRAME_RATE what the parts are that are null, and of a rate also those that are
-//     missing ALIGNMENT                      what the parts are that are missing, in both directions, or null
-//     MAP_MODE, LAYER                the mode or kind that a null one is
-//     KEPT_NUMBER, SIZE, POSITION,   nothing, so it is empty
-//     METER and the paths
-//     all others                     what a null writes. The empty one writes "0" of numbers and booleans,
-//     unless
-//                                    they are nullable: those it empties, as it does texts
+//     constants            the constant
+//     TIMED_VALUE, RATIO   what the parts are that are null
+//     FRAME_RATE           what the parts are that are null or missing
+//     ALIGNMENT            the same, in both directions
+//     MAP_MODE, LAYER      the mode or kind that a null one is
+//     KEPT_NUMBER, SIZE, POSITION, METER, paths
+//                          nothing, so it is empty
+//     all others           what a null writes. The empty one writes "0" of numbers and booleans, and
+//                          empties texts and what is nullable
 #pragma once
 
 #include <cstdint>

@@ -10,9 +10,6 @@
 // when it is empty, so the empty text has one empty part.
 std::vector<std::string> split(const std::string& text, const char* separators);
 
-// The parts joined with the separator, none before the first.
-std::string join(const std::vector<std::string>& parts, const std::string& separator);
-
 // The count of a text such as "90s", and its unit, which is its last character. The text is not empty.
 std::pair<std::string, std::string> timed_value(const std::string& text);
 

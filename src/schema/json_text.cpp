@@ -5,9 +5,6 @@
 #include <climits>
 #include <cstdlib>
 #include <limits>
-#include <vector>
-
-#include "schema/composite_text.hpp"
 
 using json11::Json;
 
@@ -71,10 +68,10 @@ std::string number_text(const Json& json, std::string_view default_text)
 
 std::string array_text(const Json& json, const std::string& separator)
 {
-    std::vector<std::string> parts;
+    std::string text;
     for (const Json& member : json.array_items())
-        parts.push_back(member.string_value());
-    return join(parts, separator);
+        text += separator + member.string_value();
+    return text.empty() ? text : text.substr(separator.size());
 }
 
 double number_in(const std::string& text)

@@ -100,8 +100,7 @@ inline constexpr Row BLACKMAGIC_DECKLINK_SDI[] = {
         "If set, and audio output appears to have halted, the code will forcibly reset video/audio output."},
     {"auto restart if no devices", TEXT, "0",
         "If set, the driver will initiate system reset if the card fails to show in 10 seconds from driver startup. This option is needed for some mid-2014 revisions of Black Magic Decklink Studio cards that fail to show up reliably on boot."},
-    {"vanc_horizontal_offset",
-        "vanc horizontal offset", NULLABLE_TEXT, "", "If assigned a value, VANC packets will be encoded this many pixels into the scanline (instead of from the beginning). If closed captioning is not working, try setting this to a nonzero value. This may be needed for some combinations of Decklink and SDK known to cut off the beginning of the VANC data packets emitted by this driver."},
+    {"vanc horizontal offset", NULLABLE_TEXT, "If assigned a value, VANC packets will be encoded this many pixels into the scanline (instead of from the beginning). If closed captioning is not working, try setting this to a nonzero value. This may be needed for some combinations of Decklink and SDK known to cut off the beginning of the VANC data packets emitted by this driver."},
     {"use sdk configuration interface", NULLABLE_TEXT,
         "If set, control whether or not we ask for the IDeckLinkConfiguration interface. The configuration interface is needed to control outputs and set audio volume levels as permitted by their SDK."},
     // The settings know -1, 0 and 1, the document only true and false: a -1 does not survive the trip, which
