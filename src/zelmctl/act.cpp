@@ -207,8 +207,7 @@ private:
         const Outcome outcome = outcome_of(progress, act);
         if (!progress.is_told && (is_last || outcome.result != Outcome::Result::STOPPED)) {
             if (!progress.said.empty() && outcome.result != Outcome::Result::REFUSED)
-                complain(
-                    std::string(progress.item.role->word) + "/" + progress.item.name + ": " + progress.said);
+                complain_of(progress.item, progress.said);
             tell(progress, outcome);
         }
         return true;

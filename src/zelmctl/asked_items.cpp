@@ -19,7 +19,7 @@ Status complain_of_missing(const Selection& selection, const std::vector<ItemId>
     for (const Role& role : ROLES)
         for (const std::string& name : selection.names(role))
             if (!std::binary_search(found.begin(), found.end(), ItemId{&role, name})) {
-                complain(std::string(role.word) + "/" + name + ": no such item");
+                complain_of({&role, name}, "no such item");
                 status = IS_NOT_SO;
             }
     return status;
@@ -63,8 +63,7 @@ Status ask_items(const Options& options, const std::function<void(AskedItem&)>& 
         if (item.process.is_hidden)
             item.add_error(not_to_be_seen().text);
         if (!item.error.empty())
-            status = std::max(
-                status, complain(std::string(item.id.role->word) + "/" + item.id.name + ": " + item.error));
+            status = std::max(status, complain_of(item.id, item.error));
         if (item.runs())
             item.report = queries.ask(active_socket_path(metadir_of(item.id)));
     };

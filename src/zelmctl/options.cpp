@@ -146,3 +146,8 @@ Status complain(std::string_view what)
     std::fprintf(stderr, "zelmctl: %s\n", printable(what).c_str());
     return TROUBLE;
 }
+
+Status complain_of(const ItemId& item, const std::string& what)
+{
+    return complain(std::string(item.role->word) + "/" + item.name + ": " + what);
+}

@@ -44,3 +44,4 @@ std::optional<Options> read_options(const Subcommand& subcommand, int argc, char
 
 // Says the one line of trouble on standard error.
 Status complain(std::string_view what);
+Status complain_of(const ItemId& item, const std::string& what);

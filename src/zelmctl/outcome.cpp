@@ -77,7 +77,7 @@ void Outcomes::tell(const ItemId& item, const Outcome& outcome)
 {
     m_status = std::max(m_status, outcome.status);
     if (outcome.status == TROUBLE)
-        complain(std::string(item.role->word) + "/" + item.name + ": " + outcome.text);
+        complain_of(item, outcome.text);
     if (m_json) {
         m_kinds[plural(*item.role)][item.name] = as_json(outcome);
         return;

@@ -30,7 +30,7 @@ constexpr int PATIENCE_MS = 100;
 // In the order of the changes.
 constexpr const char* EVENTS[] = {"present", "created", "deleted", "settings", "running", "stopped", "gap"};
 
-std::string line_of(const ItemChange& change)
+std::string line_of(const ItemChange& change, bool is_hidden)
 {
     using What = ItemChange::What;
     json11::Json::object object{{"event", EVENTS[static_cast<std::size_t>(change.what)]}};
@@ -38,7 +38,7 @@ std::string line_of(const ItemChange& change)
         object["kind"] = change.item.role->word;
         object["name"] = change.item.name;
     }
-    if (change.what == What::PRESENT)
+    if (change.what == What::PRESENT && !is_hidden)
         object["running"] = change.pid != 0;
     if (change.pid != 0)
         object["pid"] = change.pid;
@@ -55,17 +55,23 @@ Status watch(const Options& options)
     ObservedItems items(options.items, PATIENCE_MS);
     pollfd awaited[] = {
         {items.descriptor(), POLLIN, 0}, {end_signals.get(), POLLIN, 0}, {STDOUT_FILENO, 0, 0}};
+    Status status = IS_SO;
     for (;;) {
-        for (const ItemChange& change : items.proceed())
-            std::fputs(line_of(change).c_str(), stdout);
+        for (const ItemChange& change : items.proceed()) {
+            const auto state = items.state(change.item);
+            const bool is_hidden = state && state->is_hidden;
+            if (is_hidden)
+                status = complain_of(change.item, not_to_be_seen().text);
+            std::fputs(line_of(change, is_hidden).c_str(), stdout);
+        }
         if (std::fflush(stdout) != 0 && errno == EPIPE)
             ::_exit(IS_SO);  // whoever read it has seen enough, and what is left is for nobody
         if (std::ferror(stdout))
-            return IS_SO;  // which whoever flushes at the end says
+            return status;  // whoever flushes at the end says it
         if (!items.fault().empty())
             return complain(items.fault());
         if (monotonic_clock_us() >= end_us || awaited[1].revents != 0 || awaited[2].revents != 0)
-            return IS_SO;
+            return status;
         poll_until(awaited, std::min(end_us, items.due()));
     }
 }

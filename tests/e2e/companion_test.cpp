@@ -175,7 +175,13 @@ TEST_F(Companion, OfAnOrdinaryUserSaysWhatThatMayNotSee)
     for (const std::string subcommand : {"wait running", "stop", "restart"})
         expect_told({{AS_NOBODY + "zelmctl " + subcommand + " output/a", 2,
             "output/a: refused, " + why + "\n", "zelmctl: output/a: " + why + "\n"}});
-    expect_told({{AS_NOBODY + "zelmctl wait stopped output/b", 0, "output/b: stopped\n", ""}});
+    expect_told({
+        {AS_NOBODY + "zelmctl wait stopped output/b", 0, "output/b: stopped\n", ""},
+        {AS_NOBODY + "zelmctl watch --for 0.1 output/a", 2,
+            R"({"event": "present", "kind": "output", "name": "a"})"
+            "\n",
+            "zelmctl: output/a: " + why + "\n"},
+    });
 }
 
 TEST_F(Companion, WithFewDescriptorsSaysSo)
