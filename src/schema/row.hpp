@@ -65,19 +65,20 @@ struct Repeat {
 
 // What most rows have nothing to say of.
 struct Marks {
-    bool status = false;          // a running driver tells it; a document may set it all the same
-    std::string_view words = {};  // what the text usually is, "|" between two; no word is checked
-    bool nameless_if_absent =
-        false;                // where nothing is read, whatever the coding, that is an empty key and value
-    bool read_again = false;  // another row reads the same member too
-    bool nogui = false;       // front ends hide it
-    bool secret = false;      // gives access, and is told to nobody who hasn't asked for secrets
-    std::string_view unset = {};  // what a key that isn't set counts as, where a null writes something else
+    // What the text usually is, "|" between two. No word is checked.
+    std::string_view words = {};
+    // What a key that isn't set counts as, where a null writes something else.
+    std::string_view unset = {};
+
+    bool status = false;              // a running driver tells it; a document may set it all the same
+    bool nameless_if_absent = false;  // where nothing is read, that is an empty key and value
+    bool read_again = false;          // another row reads the same member too
+    bool nogui = false;               // front ends hide it
+    bool secret = false;              // gives access, and is told to nobody who hasn't asked for secrets
 };
 
 inline constexpr Marks STATUS{.status = true};
 inline constexpr Marks DEBUG_STATUS{.status = true, .nogui = true};
-
 inline constexpr Marks SECRET{.secret = true};
 
 constexpr Marks words(std::string_view words)

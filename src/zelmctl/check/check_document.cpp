@@ -54,15 +54,15 @@ public:
 
     void check(const Json& document, const std::string& text)
     {
-        const Json harmless = look_at_group(document, m_shape, {});
+        const Json harmless = check_group(document, m_shape, {});
         auto effect = effect_of(m_driver, text);
         if (!effect)
             effect = effect_of(m_driver, harmless.dump());
         if (!effect)
             return m_findings.add({"the document would end the run abnormally"});
         for (const Member& member : m_members)
-            look_at_effect(member, *effect);
-        look_at_unnamed(*effect);
+            check_effect(member, *effect);
+        check_unnamed(*effect);
     }
 
 private:
@@ -79,15 +79,15 @@ private:
         const Json& json, const Shape& shape, const std::string& path, const Json& around)
     {
         if (!shape.is_group())
-            return look_at_member(json, shape, path, around);
+            return check_member(json, shape, path, around);
         if (json.is_object() && !shape.is_array())
-            return look_at_group(json, shape, path);
+            return check_group(json, shape, path);
         if (json.is_array() && shape.is_array())
-            return look_at_array(json, shape, path);
-        return look_at_misfit(json, shape, path);
+            return check_array(json, shape, path);
+        return check_misfit(json, shape, path);
     }
 
-    Json look_at_group(const Json& group, const Shape& shape, const std::string& path)
+    Json check_group(const Json& group, const Shape& shape, const std::string& path)
     {
         Json::object harmless;
         for (const auto& [name, json] : group.object_items()) {
@@ -102,7 +102,7 @@ private:
         return harmless;
     }
 
-    Json look_at_array(const Json& array, const Shape& shape, const std::string& path)
+    Json check_array(const Json& array, const Shape& shape, const std::string& path)
     {
         Json::array harmless;
         for (const Json& json : array.array_items()) {
@@ -119,7 +119,7 @@ private:
     }
 
     // Something else stands where a group belongs. A null in an array only keeps the place of an element.
-    std::optional<Json> look_at_misfit(const Json& json, const Shape& shape, const std::string& path)
+    std::optional<Json> check_misfit(const Json& json, const Shape& shape, const std::string& path)
     {
         const std::string wanted = shape.is_array() ? "no array" : "no object";
         const auto effect = effect_of(m_driver, document_with(path, json).dump());
@@ -141,7 +141,7 @@ private:
         return json;
     }
 
-    std::optional<Json> look_at_member(
+    std::optional<Json> check_member(
         const Json& json, const Shape& shape, const std::string& path, const Json& around)
     {
         if (!shape.parts.empty())
@@ -158,20 +158,20 @@ private:
         return json;
     }
 
-    void look_at_effect(const Member& member, const DocumentEffect& effect)
+    void check_effect(const Member& member, const DocumentEffect& effect)
     {
         const Face& face = *member.shape->member.face;
         const std::string& key = member.shape->key;
         const std::string stored = effect.value(key);
         m_keys.insert(key);
         if (!member.shape->is_read())
-            look_at_unread(member);
+            check_unread(member);
         else if (key.empty())
-            look_at_keyless(member);
+            check_keyless(member);
         else if (effect.keys.count(key) == 0)
-            look_at_unset(member);
+            check_unset(member);
         else if (key == "driver" && stored != m_driver)
-            look_at_driver(member, stored);
+            check_driver(member, stored);
         else if (member.shape->member.row->marks.status && !stored.empty())
             say(member.path,
                 "is status, and would be stored as " + in_quotes(stored) + " under " + in_quotes(key));
@@ -184,13 +184,13 @@ private:
             say(member.path, shown(member.value) + " is no number, and counts as 0");
     }
 
-    void look_at_unread(const Member& member)
+    void check_unread(const Member& member)
     {
         if (!holds_nothing(member.value))
             say_unknown(member.path, member.path.substr(member.path.rfind('.') + 1));
     }
 
-    void look_at_keyless(const Member& member)
+    void check_keyless(const Member& member)
     {
         const Face& face = *member.shape->member.face;
         const auto usual = codings::written(face.coding, {}, face.null_text);
@@ -198,7 +198,7 @@ private:
             say(member.path, shown(member.value) + " would be ignored: no document sets this");
     }
 
-    void look_at_unset(const Member& member)
+    void check_unset(const Member& member)
     {
         if (member.value.is_null())
             say(member.path, "null would be ignored, and leave the setting as it is");
@@ -207,7 +207,7 @@ private:
     }
 
     // What an input is started with stands in its first line.
-    void look_at_driver(const Member& member, const std::string& stored)
+    void check_driver(const Member& member, const std::string& stored)
     {
         if (!stored.empty())
             say(member.path, shown(member.value) + " would be stored, and is not the document's driver");
@@ -216,7 +216,7 @@ private:
     }
 
     // What is stored although the document doesn't have it, as an object beside it is all that it needs.
-    void look_at_unnamed(const DocumentEffect& effect)
+    void check_unnamed(const DocumentEffect& effect)
     {
         for (const KnownName& known : m_names)
             if (effect.keys.contains(known.name) && m_keys.insert(known.name).second)
