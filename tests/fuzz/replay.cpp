@@ -15,6 +15,7 @@ int main(int argc, char** argv)
         for (const auto& target : FUZZ_TARGETS) {
             std::error_code none;
             for (const auto& entry : std::filesystem::directory_iterator(directory / target.name, none)) {
+                std::fprintf(stderr, "%s\n", entry.path().c_str());
                 std::ifstream file(entry.path(), std::ios::binary);
                 const std::string bytes{std::istreambuf_iterator<char>(file), {}};
                 target.parse(bytes);
