@@ -70,15 +70,6 @@ std::vector<Kinds> order_of(Act act)
     return order;
 }
 
-// The items that are there and, if that is wanted, start at boot.
-FoundItems items_to_act_on(const Options& options)
-{
-    FoundItems found = find_items(options.items);
-    if (options.autostart)
-        std::erase_if(found.items, [](const ItemId& item) { return !has_autostart(item); });
-    return found;
-}
-
 Selection selection_of(const std::vector<ItemId>& items)
 {
     Selection selection;
@@ -99,9 +90,9 @@ std::string in_one_line(std::string text)
 
 class Action {
 public:
-    Action(const Options& options, const std::vector<ItemId>& items)
+    Action(const Options& options, const std::vector<ItemId>& items, std::vector<ItemId> missing)
         : m_options(options), m_deadline_us(options.deadline_us()), m_items(selection_of(items), 0),
-          m_outcomes(options.json, options.timeout_us)
+          m_outcomes(options.json, options.timeout_us), m_missing(std::move(missing))
     {
         for (const ItemId& item : items)
             m_progress.push_back({item});
@@ -109,7 +100,8 @@ public:
 
     Status run(std::initializer_list<Act> acts)
     {
-        tell_absent(*(acts.end() - 1));
+        for (const ItemId& item : m_missing)
+            m_outcomes.tell(item, absent(*(acts.end() - 1)));
         for (Progress& progress : m_progress)
             if (const auto state = m_items.state(progress.item); state && state->is_hidden)
                 tell(progress, not_to_be_seen());
@@ -135,14 +127,6 @@ private:
     {
         progress.is_told = true;
         m_outcomes.tell(progress.item, outcome);
-    }
-
-    void tell_absent(Act last)
-    {
-        for (const Role& role : ROLES)
-            for (const std::string& name : m_options.items.names(role))
-                if (find_items(selection_of({{&role, name}})).items.empty())
-                    m_outcomes.tell({&role, name}, absent(last));
     }
 
     static Outcome absent(Act act) { return {Outcome::Result::ABSENT, act == Act::STOP ? IS_SO : IS_NOT_SO}; }
@@ -251,13 +235,17 @@ private:
     ObservedItems m_items;
     Outcomes m_outcomes;
     Minders m_minders;
+    std::vector<ItemId> m_missing;
     std::vector<Progress> m_progress;
 };
 
 Status act_on_items(const Options& options, std::initializer_list<Act> acts)
 {
-    const FoundItems found = items_to_act_on(options);
-    return std::max(found.status, Action(options, found.items).run(acts));
+    FoundItems found = find_items(options.items);
+    std::vector<ItemId> missing = missing_items(options.items, found.items);
+    if (options.autostart)
+        std::erase_if(found.items, [](const ItemId& item) { return !has_autostart(item); });
+    return std::max(found.status, Action(options, found.items, std::move(missing)).run(acts));
 }
 
 Status start_items(const Options& options)

@@ -16,12 +16,10 @@ namespace {
 Status complain_of_missing(const Selection& selection, const std::vector<ItemId>& found)
 {
     Status status = IS_SO;
-    for (const Role& role : ROLES)
-        for (const std::string& name : selection.names(role))
-            if (!std::binary_search(found.begin(), found.end(), ItemId{&role, name})) {
-                complain_of({&role, name}, "no such item");
-                status = IS_NOT_SO;
-            }
+    for (const ItemId& item : missing_items(selection, found)) {
+        complain_of(item, "no such item");
+        status = IS_NOT_SO;
+    }
     return status;
 }
 

@@ -1,5 +1,6 @@
 #include "zelmctl/found_items.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -36,6 +37,16 @@ FoundItems find_items(const Selection& selection)
                 found.items.push_back({&role, std::move(name)});
     }
     return found;
+}
+
+std::vector<ItemId> missing_items(const Selection& selection, const std::vector<ItemId>& items)
+{
+    std::vector<ItemId> missing;
+    for (const Role& role : ROLES)
+        for (const std::string& name : selection.names(role))
+            if (const ItemId item{&role, name}; !std::binary_search(items.begin(), items.end(), item))
+                missing.push_back(item);
+    return missing;
 }
 
 bool has_autostart(const ItemId& item)

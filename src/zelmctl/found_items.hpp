@@ -16,6 +16,9 @@ struct FoundItems {
 // Those of the selection that are there. A kind without a directory has none.
 FoundItems find_items(const Selection& selection);
 
+// Those that are named one by one and not among the items, which are sorted.
+std::vector<ItemId> missing_items(const Selection& selection, const std::vector<ItemId>& items);
+
 // Those of the items that start at boot.
 bool has_autostart(const ItemId& item);
 

@@ -130,10 +130,8 @@ private:
     std::vector<ItemId> items() const
     {
         std::vector<ItemId> items = m_items.items();
-        for (const Role& role : ROLES)
-            for (const std::string& name : m_options.items.names(role))
-                if (!m_items.state({&role, name}))
-                    items.push_back({&role, name});
+        for (ItemId& item : missing_items(m_options.items, items))
+            items.push_back(std::move(item));
         std::sort(items.begin(), items.end());
         return items;
     }
