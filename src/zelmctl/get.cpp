@@ -159,8 +159,6 @@ private:
     {
         const auto uptime = add_unasked(item.settings, *item.id.role, item.process.pid, m_gathering);
         const bool answers = item.has_answered() && merge_report(item.settings, item.report->reply());
-        if (item.runs() && !answers)
-            note_silence(item.settings);
         if (item.id.role->kind == ItemKind::CHANNEL)
             add_file_types(item.settings);
         if (!item.process.is_hidden)

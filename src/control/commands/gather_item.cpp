@@ -130,12 +130,6 @@ std::optional<double> add_unasked(InfoList& list, const Role& role, pid_t proces
     return uptime;
 }
 
-// A number to whoever reads it as one: the item still counts as running.
-void note_silence(InfoList& list)
-{
-    list["running"].value = "1 hang";
-}
-
 void add_file_types(InfoList& list)
 {
     add_region_types(list);

@@ -1,5 +1,5 @@
 // What a listing tells of an item beside its settings, in the order in which it is added to them:
-// add_unasked(); of an item that runs the report, or note_silence(); of a channel add_file_types().
+// add_unasked(); of an item that runs its report; of a channel add_file_types().
 #pragma once
 
 #include <optional>
@@ -22,9 +22,6 @@ struct Gathering {
 // has been running, if it is.
 std::optional<double> add_unasked(
     InfoList& list, const Role& role, pid_t process, const Gathering& gathering);
-
-// A running item didn't answer.
-void note_silence(InfoList& list);
 
 // The types of the media in the regions of a channel.
 void add_file_types(InfoList& list);

