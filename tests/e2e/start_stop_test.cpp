@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include "e2e/sandbox_testing.hpp"
+#include "platform/comm.hpp"
 
 namespace fs = std::filesystem;
 
@@ -302,6 +303,23 @@ TEST_F(StartStop, AProcessThatWasGivenTheIdOfADriverIsNotItsTarget)
         GTEST_SKIP() << "process ids can't be chosen here";
     EXPECT_EQ(outcome.status, 0) << "it was still there to be ended";
     EXPECT_EQ(outcome.err, "Driver not running x11, No such process\n");
+}
+
+TEST_F(StartStop, ADriverIsStoppedThoughConnectionsToItEndMeanwhile)
+{
+    SKIP_UNLESS(HeldRun::is_possible());
+    write_file(OUTPUTS + "main", "driver=x11\n");
+    bring_up("zelm_outctl", "main");
+    std::vector<CommSocket> connections;
+    for (int i = 0; i < 9; ++i) {
+        connections.emplace_back(comm_socket_v4_create());
+        EXPECT_EQ(comm_socket_v4_connect_to(connections.back().get(), ENTRY), 0);
+    }
+    HeldRun stop("pidfd_open", "zelm_outctl -c stop -o main");
+    connections.clear();
+    eventually([] { return sh("grep -c output.*active.socket$ /proc/net/unix").out == "1\n"; });
+    EXPECT_EQ(stop.end(), "");
+    EXPECT_EQ(running(), "");
 }
 
 TEST_F(StartStop, OnlyOneSideOfAnX11ConflictIsActedOn)

@@ -27,6 +27,13 @@ bool follow(std::string& path, struct stat& entry, struct stat& state)
     return path.starts_with('/') && ::lstat(path.c_str(), &state) == 0;
 }
 
+const BoundSocket* find(const std::vector<BoundSocket>& bound, unsigned int inode)
+{
+    const auto found = std::lower_bound(bound.begin(), bound.end(), inode,
+        [](const BoundSocket& each, unsigned int wanted) { return each.inode < wanted; });
+    return found == bound.end() || found->inode != inode ? nullptr : &*found;
+}
+
 }  // namespace
 
 HeldProcess hold(const RunningDriver& driver)
@@ -105,16 +112,13 @@ bool DriverLook::locate_again()
 
 // Whether the kernel says that the socket is bound at the item's entry, and not only a row that anybody may
 // have forged.
-bool DriverLook::confirm(const Row& row, const std::vector<BoundSocket>& bound)
+bool DriverLook::confirm(Item& item, const BoundSocket* socket)
 {
-    const auto found = std::lower_bound(bound.begin(), bound.end(), row.inode,
-        [](const BoundSocket& each, unsigned int wanted) { return each.inode < wanted; });
-    if (found == bound.end() || found->inode != row.inode)
+    if (!socket)
         return false;
-    Item& item = *row.item;
-    if (found->file != item.file && !std::exchange(item.has_kernel_numbers, true))
+    if (socket->file != item.file && !std::exchange(item.has_kernel_numbers, true))
         item.file = kernel_numbers(item.socket, item.file);
-    return found->file == item.file;
+    return socket->file == item.file;
 }
 
 // The rows of the items whose driver isn't known yet, in the table's order.
@@ -136,13 +140,17 @@ std::vector<DriverLook::Row> DriverLook::rows_of_items(const ProcNetUnixSnapshot
 
 // The kernel gives the listener's path to its connections too, and may write their rows first: those that
 // the driver hasn't accepted, which have no inode yet, and those that end before their holder is looked
-// for. So a row that nobody holds says nothing as long as there is another.
+// for. So a row that nobody holds says nothing as long as there is another, and those of connections are the
+// last that a driver is known by.
 void DriverLook::find_drivers(const ProcNetUnixSnapshot& table)
 {
     std::vector<Row> rows = rows_of_items(table);
     const auto bound = rows.empty() ? std::nullopt : bound_sockets();
-    if (bound)
-        std::erase_if(rows, [&](const Row& row) { return !confirm(row, *bound); });
+    if (bound) {
+        std::erase_if(rows, [&](const Row& row) { return !confirm(*row.item, find(*bound, row.inode)); });
+        std::stable_partition(rows.begin(), rows.end(),
+            [&](const Row& row) { return !find(*bound, row.inode)->is_connection; });
+    }
     std::vector<SoughtSocket> sought;
     sought.reserve(rows.size());
     std::set<const Item*> with_rows;

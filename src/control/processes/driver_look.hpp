@@ -55,7 +55,7 @@ private:
     };
 
     static Item locate(const std::string& metadir);
-    static bool confirm(const Row& row, const std::vector<BoundSocket>& bound);
+    static bool confirm(Item& item, const BoundSocket* socket);
     std::vector<Row> rows_of_items(const ProcNetUnixSnapshot& table);
     void find_drivers(const ProcNetUnixSnapshot& table);
     bool locate_again();

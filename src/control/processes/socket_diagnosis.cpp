@@ -7,6 +7,7 @@
 #include <linux/rtnetlink.h>
 #include <linux/sock_diag.h>
 #include <linux/unix_diag.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <sys/sysmacros.h>
 
@@ -35,7 +36,8 @@ void add_socket(const nlmsghdr& header, std::vector<BoundSocket>& sockets)
          RTA_OK(attribute, left); attribute = RTA_NEXT(attribute, left))
         if (attribute->rta_type == UNIX_DIAG_VFS && RTA_PAYLOAD(attribute) >= sizeof(unix_diag_vfs)) {
             const auto* file = static_cast<const unix_diag_vfs*>(RTA_DATA(attribute));
-            sockets.push_back({socket->udiag_ino, {file->udiag_vfs_ino, file->udiag_vfs_dev}});
+            sockets.push_back({socket->udiag_ino, {file->udiag_vfs_ino, file->udiag_vfs_dev},
+                socket->udiag_state == TCP_ESTABLISHED});
         }
 }
 

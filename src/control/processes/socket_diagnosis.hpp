@@ -20,6 +20,7 @@ struct FileNumbers {
 struct BoundSocket {
     std::uint32_t inode;
     FileNumbers file;
+    bool is_connection;  // which a listener has made, and which may end while the listener stays
 };
 
 // All of them, in the order of their inodes; none where the kernel offers no such answer.
