@@ -16,7 +16,6 @@
 #include "schema/composite_text.hpp"
 #include "schema/json_path.hpp"
 #include "schema/json_text.hpp"
-#include "schema/word_pairs.hpp"
 
 namespace codings {
 

@@ -49,3 +49,19 @@ std::tuple<std::string, std::string, std::string> frame_value(const std::string&
         kind = "interlaced top-field-first";
     return {std::move(parts[0]), std::move(parts[1]), std::move(kind)};
 }
+
+std::string map_string(const std::string& text, WordPairs pairs)
+{
+    for (const auto& [from, to] : pairs)
+        if (text == from)
+            return to;
+    return text;
+}
+
+std::string reverse_map_string(const std::string& text, WordPairs pairs)
+{
+    for (const auto& [to, from] : pairs)
+        if (text == from)
+            return to;
+    return text;
+}

@@ -1,6 +1,7 @@
-// Texts that hold several parts.
+// Texts that hold several parts, and parts that have another word in a document.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -19,3 +20,10 @@ std::pair<std::string, std::string> ratio_value(const std::string& text);
 // Numerator, denominator and kind of a frame rate such as "25:1p". Without a separator the denominator is
 // empty.
 std::tuple<std::string, std::string, std::string> frame_value(const std::string& text);
+
+// Words of a document beside the words of a settings file.
+using WordPairs = std::initializer_list<std::pair<const char*, const char*>>;
+
+// The second word of the pair whose first is `text`, or the text itself; and the other way round.
+std::string map_string(const std::string& text, WordPairs pairs);
+std::string reverse_map_string(const std::string& text, WordPairs pairs);

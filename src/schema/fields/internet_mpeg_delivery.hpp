@@ -53,21 +53,11 @@ inline constexpr Row NUMBERED_ASI[] = {
 
 // The un-numbered ASI output, which has no group of its own.
 inline constexpr auto ENC_ASI = [] {
-    constexpr Face NAMES[] = {
-        {"asi__enable", "asi, enable"},
-        {"asi__use_hw_clock", "asi, use hw clock"},
-        {"asi__bitrate", "asi, bitrate"},
-        {"asi__path", "asi, path"},
-        {"asi__index", "asi, index"},
-        {"asi__driver", "asi, driver"},
-        {"asi__active", "asi, active"},
-        {"asi__last_error", "asi, last error"},
-        {"asi__last_notes", "asi, last notes"},
-    };
+    constexpr std::string_view KEYS[] = {"asi, enable", "asi, use hw clock", "asi, bitrate", "asi, path",
+        "asi, index", "asi, driver", "asi, active", "asi, last error", "asi, last notes"};
     auto rows = std::to_array(NUMBERED_ASI);
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        rows[i].read.path = NAMES[i].path;
-        rows[i].read.key = NAMES[i].key;
+        rows[i].read.key = KEYS[i];
         rows[i].written = rows[i].read;
     }
     rows[0].description = "Enable ASI output";
