@@ -278,13 +278,15 @@ TEST_F(Companion, WatchTellsThousandsOfStartsAndEndsInTheirOrder)
     for (int i = 0; i < 10; ++i)
         names += " o" + std::to_string(i);
     write_outputs(names);
+    write_file("/run/started", "");
     Watch watch;
     watch.next(10);
     for (int round = 0; round < ROUNDS; ++round)
-        sh("zelmctl start output >/dev/null; " +
+        sh("zelmctl start output >>/run/started; " +
             (round % 2 == 0 ? "pkill -KILL zelm_out_x11; zelmctl wait stopped output"s
                             : "zelmctl stop output"s) +
             " >/dev/null");
+    EXPECT_EQ(sh("grep -v running /run/started").out, "");
     EXPECT_TRUE(eventually([&] { return Watch::lines() >= 10 + 2 * 10 * ROUNDS; }));
     const std::string jumbled =
         output_of(R"(awk -F '"' 'NR > 10 { wanted = state[$12] == "running" ? "stopped" : "running"
