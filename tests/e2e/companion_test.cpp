@@ -151,6 +151,20 @@ TEST_F(Companion, TellsOfDriversThatDoNotDoAsTheyShould)
     expect_told({{"zelmctl wait running output/a --timeout 0.5", 1, "output/a: absent\n", ""}});
 }
 
+TEST_F(Companion, WaitsForADriverThatTakesItsTime)
+{
+    const std::string program = "/usr/bin/zelm_slow";
+    write_file(program, "#!/bin/sh\nsleep 0.4\nexec /usr/bin/zelm_knox_rsii \"$@\"\n");
+    sh("chmod 755 " + program);
+    write_file(ROUTERS + "r", "driver=slow\n");
+    expect_told({
+        {"zelmctl start --timeout 0.1 router/r", 1, "router/r: not running after 0.1 s\n", ""},
+        {"zelmctl wait running router/r", 0, "router/r: running, PID\n", ""},
+        {"zelmctl restart router/r", 0, "router/r: running, PID\n", ""},
+    });
+    sh("rm " + program);
+}
+
 TEST_F(Companion, WaitsForWhatComesAndNoLonger)
 {
     write_outputs("a");
