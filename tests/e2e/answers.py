@@ -5,10 +5,12 @@ import pathlib
 import re
 import subprocess
 import warnings
+
+# What takes the resolver's place is not in Debian 12 yet.
+warnings.simplefilter("ignore", DeprecationWarning)
 from jsonschema import Draft202012Validator, RefResolver
 from prometheus_client.parser import text_string_to_metric_families
 
-warnings.simplefilter("ignore", DeprecationWarning)
 TOOLS = {"channels": "zelm_chctl", "inputs": "zelm_inctl", "outputs": "zelm_outctl", "routers": "zelm_routectl"}
 SECRETS = re.compile(r'"((?:second_)?rtmp_push_key|(?:post|ftp1|ftp2)_url|url)": ')
 
