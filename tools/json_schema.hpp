@@ -1,4 +1,4 @@
-// The JSON Schema of a document, made of its table.
+// The JSON Schemas as texts.
 #pragma once
 
 #include <json11.hpp>
@@ -6,9 +6,7 @@
 
 #include "schema/schemas.hpp"
 
-// Draft 2020-12, as text. Whatever the tools print for an item is valid, and so is every document of known
-// members whose values are stored as they stand; each member takes null, but for a driver's word that is
-// kept. A document of all defaults leaves an item as it is.
+// Of a driver's document.
 std::string json_schema_of(const Schema& schema);
 
 // A schema that is whole but for the members that say which it is.

@@ -1,0 +1,281 @@
+#include "schema/json_schema/document_schema.hpp"
+
+#include <algorithm>
+#include <map>
+
+#include "schema/codings.hpp"
+
+using json11::Json;
+
+namespace {
+
+// A member in the making: what its rows say, or what it is made of.
+struct Member {
+    Json::object schema;
+    std::map<std::string, Member> members;  // called by their places in an array
+    Coding written_as = Coding::TEXT;
+    bool is_written = false;
+    bool is_read = false;
+};
+
+Member& member_at(Member& around, std::string_view path)
+{
+    Member* at = &around;
+    for (const std::string& name : split(std::string(path), "."))
+        at = &at->members[name];
+    return *at;
+}
+
+// Both lists of types, in which a number is an integer too.
+Json::array joined_types(Json::array types, const Json::array& others)
+{
+    for (const Json& type : others)
+        if (std::find(types.begin(), types.end(), type) == types.end())
+            types.push_back(type);
+    if (std::find(types.begin(), types.end(), Json("number")) != types.end())
+        types.erase(std::remove(types.begin(), types.end(), Json("integer")), types.end());
+    return types;
+}
+
+Json parsed(const char* text)
+{
+    std::string error;
+    return Json::parse(text, error);
+}
+
+bool has(const Json::array& list, const char* word)
+{
+    return std::find(list.begin(), list.end(), Json(word)) != list.end();
+}
+
+// A number is a text as well, and a text that is a number as it would be written is that number. What is
+// either stays so.
+Json::object taken(Json::object member)
+{
+    Json::array types = member["type"].array_items();
+    if (has(types, "string")) {
+        if (has(types, "integer"))
+            return member;
+        types.insert(types.end() - 1, "number");
+    } else if (has(types, "number") || has(types, "integer")) {
+        const char* const digits = "(0|-?[1-9][0-9]*)";
+        const char* const any = "-?(0|[1-9][0-9]*)(\\.[0-9]*[1-9])?";
+        types.insert(types.end() - 1, "string");
+        member["pattern"] = std::string("^") + (has(types, "number") ? any : digits) + "$";
+    }
+    member["type"] = joined_types(types, {});
+    return member;
+}
+
+// The usual words first, so that a form can offer them, and then whatever else is taken.
+Json::object with_words(Json::object member, const Json::array& words)
+{
+    const Json any = Json::object{{"type", member["type"]}};
+    member.erase("type");
+    member.erase("examples");
+    member["anyOf"] = Json::array{Json::object{{"enum", words}}, any};
+    return member;
+}
+
+// The parts of a composite take what members of their types take.
+Json taken_parts(const Json& parts)
+{
+    Json::object described = parts.object_items();
+    for (auto& [name, part] : described) {
+        const Json::object member = part.object_items();
+        if (part["type"].is_array())
+            part = taken(member);
+        if (part["examples"].is_array())
+            part = with_words(part.object_items(), part["examples"].array_items());
+    }
+    return described;
+}
+
+Json json_of(Coding coding)
+{
+    Json::object json = parsed(codings::json_schema(coding)).object_items();
+    const bool is_scalar = json.count("properties") + json.count("items") == 0;
+    if (json.count("properties") > 0)
+        json["properties"] = taken_parts(json["properties"]);
+    return is_scalar && json["type"] != Json(Json::array{"boolean", "null"}) ? taken(json) : json;
+}
+
+// The two members of a setting of three positions are booleans each.
+Coding alone(Coding coding)
+{
+    return coding == Coding::THREE_WAY_ON || coding == Coding::THREE_WAY_FORCED ? Coding::BOOLEAN : coding;
+}
+
+// What a key that isn't set counts as, as a value of the member. Where nothing is told, what a null writes:
+// but a size of nothing is none of zeros.
+std::optional<Json> member_default(const MemberFace& member, Coding written_as)
+{
+    const Face& face = *member.face;
+    const std::string usual(member.usual());
+    if (!usual.empty())
+        return codings::written(written_as, usual, face.null_text);
+    const Json around = Json::object();
+    const Json null;
+    const auto text = codings::read(alone(face.coding), {&around, &null}, face.null_text);
+    const bool is_scalar = parsed(codings::json_schema(face.coding))["properties"].is_null();
+    return text && is_scalar ? codings::written(alone(written_as), *text, face.null_text) : std::nullopt;
+}
+
+// What the parts of a composite that are null or missing read as.
+Json with_part_defaults(const Json& parts, const Face& face)
+{
+    const Json usual =
+        codings::written(face.coding, std::string(face.null_text), face.null_text).value_or(nullptr);
+    Json::object described = parts.object_items();
+    for (auto& [name, part] : described) {
+        if (usual[name].is_null())
+            continue;
+        Json::object with_default = part.object_items();
+        with_default["default"] = usual[name];
+        part = with_default;
+    }
+    return described;
+}
+
+// The flat key is what people call a member. What has none is called by its name in the document.
+std::string title_of(const Face& face)
+{
+    const std::size_t begin = face.key.find_first_not_of(' ');
+    if (begin == std::string_view::npos)
+        return std::string(face.path.substr(face.path.rfind('.') + 1));
+    return std::string(face.key.substr(begin, face.key.find('=') - begin));
+}
+
+constexpr char SECRET_NOTE[] = ". It gives access: zelmctl get leaves it out, unless --secrets.";
+
+void add_face(Member& member, const MemberFace& of)
+{
+    const Row& row = *of.row;
+    Json::object& schema = member.schema;
+    const Json type = json_of(of.face->coding);
+    for (const auto& [name, value] : type.object_items()) {
+        if (name == "type" && schema.count(name) > 0 && value.is_array())
+            schema[name] = joined_types(schema[name].array_items(), value.array_items());
+        else
+            schema[name] = name == "properties" ? with_part_defaults(value, *of.face) : value;
+    }
+    schema["title"] = title_of(*of.face);
+    if (!row.description.empty())
+        schema["description"] = std::string(row.description);
+    if (row.marks.status)
+        schema["readOnly"] = true;
+    if (row.marks.secret) {
+        schema["writeOnly"] = true;
+        schema["description"] =
+            std::string(row.description.substr(0, row.description.find_last_not_of('.') + 1)) + SECRET_NOTE;
+    }
+    if (!row.marks.words.empty())
+        schema = with_words(schema, Json(split(std::string(row.marks.words), "|")).array_items());
+    if (of.is_written()) {
+        member.is_written = true;
+        member.written_as = of.face->coding;
+    }
+    if (of.is_read()) {
+        member.is_read = true;
+        const auto json = member_default(of, member.is_written ? member.written_as : of.face->coding);
+        if (json && !row.marks.status)
+            schema["default"] = *json;
+    }
+}
+
+Json schema_of(const Member& member);
+
+Json object_schema(const Member& member)
+{
+    Json::object properties;
+    for (const auto& [name, inner] : member.members) {
+        Json::object property = schema_of(inner).object_items();
+        property.emplace("title", name);
+        properties[name] = property;
+    }
+    return Json::object{{"type", "object"}, {"properties", properties}, {"additionalProperties", false}};
+}
+
+// Any element may be null, which leaves its settings alone.
+Json element_schema(const Member& element)
+{
+    Json::object schema = object_schema(element).object_items();
+    schema["type"] = Json::array{"object", "null"};
+    return schema;
+}
+
+Json list_schema(const Member& list)
+{
+    Json::array places;
+    for (const auto& [place, element] : list.members)
+        places.push_back(element_schema(element));
+    return Json::object{{"type", "array"}, {"prefixItems", places}, {"items", false}};
+}
+
+Json repeated_schema(const Member& element, int count)
+{
+    return Json::object{{"type", "array"}, {"items", element_schema(element)}, {"maxItems", count}};
+}
+
+Json schema_of(const Member& member)
+{
+    if (member.members.empty()) {
+        Json::object schema = member.schema;
+        if (member.is_written != member.is_read)
+            schema[member.is_written ? "readOnly" : "writeOnly"] = true;
+        return schema;
+    }
+    return member.members.begin()->first == "0" ? list_schema(member) : object_schema(member);
+}
+
+void add_group(Member& group, const Row& row);
+
+void add_rows(Member& around, std::span<const Row> rows)
+{
+    for (const Row& row : rows) {
+        if (!row.group.empty())
+            add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row);
+        else
+            for_each_face(row, [&](const Face& face, Direction direction) {
+                add_face(member_at(around, PathText(face)), {&row, &face, direction});
+            });
+    }
+}
+
+void add_group(Member& group, const Row& row)
+{
+    if (row.repeat.count == 0)
+        return add_rows(group, row.group);
+    Member element;
+    add_rows(element, row.group);
+    group.schema = repeated_schema(element, row.repeat.count).object_items();
+    group.is_written = group.is_read = true;
+}
+
+// The word by which the item has this document. Where another one, or a null, changes nothing that is kept,
+// null is as good.
+void name_driver(Member& document, const Schema& schema)
+{
+    const auto driver = document.members.find("driver");
+    if (driver == document.members.end())
+        return;
+    const bool is_kept = schema.kind != ItemKind::INPUT &&
+                         std::any_of(schema.rows.begin(), schema.rows.end(), [](const Row& row) {
+                             return std::string_view(PathText(row.read)) == "driver" && !row.read.key.empty();
+                         });
+    const std::string word(schema.driver);
+    Json::object& member = driver->second.schema;
+    member["type"] = is_kept ? Json("string") : Json(Json::array{"string", "null"});
+    member["enum"] = is_kept ? Json::array{word} : Json::array{word, nullptr};
+    member["default"] = word;
+}
+
+}  // namespace
+
+Json::object document_schema(const Schema& schema)
+{
+    Member document;
+    add_rows(document, schema.rows);
+    name_driver(document, schema);
+    return object_schema(document).object_items();
+}
