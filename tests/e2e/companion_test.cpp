@@ -130,7 +130,7 @@ TEST_F(Companion, TellsOfDriversThatDoNotDoAsTheyShould)
 {
     write_outputs("deaf1 deaf2 deaf3", "sim ignore sigterm=1\n");
     write_outputs("mute", "sim never answer=1\n");
-    write_outputs("brief", "sim never answer=1\nsim exit after ms=100\n");
+    write_outputs("brief", "sim never answer=1\nsim exit after ms=300\n");
     write_outputs("rude", "sim hang up=1\n");
     expect_told({
         {"zelmctl start output/deaf1 output/deaf2 output/deaf3 | wc -l", 0, "3\n", ""},
