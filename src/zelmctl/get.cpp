@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
-#include <set>
 #include <utility>
 
 #include "control/commands/gather_item.hpp"
 #include "control/reports/merge_report.hpp"
-#include "schema/composite_text.hpp"
 #include "schema/create_emitter.hpp"
+#include "zelmctl/appliance/stored_item.hpp"
 #include "zelmctl/asked_items.hpp"
 #include "zelmctl/check/findings.hpp"
 #include "zelmctl/check/known_settings.hpp"
@@ -44,35 +43,12 @@ std::string with_fewest_digits(double number)
     return {text, std::to_chars(text, std::end(text), number, std::chars_format::fixed).ptr};
 }
 
-Json lines_of(std::string_view value)
-{
-    if (value.find('\n') == value.npos)
-        return std::string(value);
-    return split(std::string(value), "\n");
-}
-
-// The keys of what gives access, of any driver.
-const std::set<std::string, std::less<>>& secret_keys()
-{
-    static const auto keys = [] {
-        std::set<std::string, std::less<>> marked;
-        for (const Schema& schema : SCHEMAS)
-            for_each_member(
-                schema.rows, [&](const std::string&, const std::string& key, const MemberFace& member) {
-                    if (member.row->marks.secret)
-                        marked.insert(key);
-                });
-        return marked;
-    }();
-    return keys;
-}
-
 // Beside what the file holds, the list has a driver that an input's type means.
 Json settings_of(const InfoList& list, bool has_secrets)
 {
     Json::object settings;
     for (const auto& [key, item] : list)
-        if (item.marker == '=' && (has_secrets || !secret_keys().contains(key)))
+        if (item.marker == '=' && (has_secrets || !is_secret(key)))
             settings[std::string(key)] = lines_of(item.value);
     return settings;
 }

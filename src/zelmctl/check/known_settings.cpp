@@ -60,6 +60,21 @@ KnownSettings known_settings(const Schema& schema)
     return known;
 }
 
+bool is_secret(std::string_view key)
+{
+    static const auto keys = [] {
+        std::set<std::string, std::less<>> marked;
+        for (const Schema& schema : SCHEMAS)
+            for_each_member(
+                schema.rows, [&](const std::string&, const std::string& name, const MemberFace& member) {
+                    if (member.row->marks.secret)
+                        marked.insert(in_file(name));
+                });
+        return marked;
+    }();
+    return keys.contains(key);
+}
+
 bool counts_as_off(std::string_view key, const std::string& text)
 {
     if (text.empty() ||

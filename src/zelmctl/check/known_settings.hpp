@@ -17,6 +17,9 @@ bool has_no_document(std::string_view driver, ItemKind kind);
 using KnownSettings = std::map<std::string, std::vector<MemberFace>, std::less<>>;
 KnownSettings known_settings(const Schema& schema);
 
+// Whether the key is one of those by which any driver gives access.
+bool is_secret(std::string_view key);
+
 // Whether the text of a key that the tools read as a number is none.
 bool counts_as_off(std::string_view key, const std::string& text);
 
