@@ -80,13 +80,13 @@ zelm_config_list manifest_of(std::string_view text)
     return list;
 }
 
-std::string rewritten(std::string_view text, const SettingValues& set)
+std::string rewritten(std::string_view text, const SettingChanges& set, Lines lines)
 {
     const Descriptor source = nameless_file(text);
     char* written = nullptr;
     std::size_t size = 0;
     std::FILE* out = ::open_memstream(&written, &size);
-    require(out && rewrite_settings(source.get(), out, set));
+    require(out && rewrite_settings(source.get(), out, set, lines));
     std::fclose(out);
     std::string result(written, size);
     std::free(written);
@@ -266,10 +266,11 @@ void fuzz_settings(std::string_view bytes)
         infolist_fill_from_argslist(list, described);
         require(list.find("k"));
     }
-    for (const SettingValues& set : {SettingValues(), SettingValues{{"k", "v\nw"}, {"driver", ""}}}) {
-        const std::string twice = rewritten(rewritten(bytes, set), set);
-        require(rewritten(twice, set) == twice);
-    }
+    for (const SettingChanges& set : {SettingChanges(), SettingChanges{{"k", "v\nw"}, {"driver", ""}}})
+        for (const Lines lines : {Lines::AS_IN_A_SET, Lines::WHOLE}) {
+            const std::string twice = rewritten(rewritten(bytes, set, lines), set, lines);
+            require(rewritten(twice, set, lines) == twice);
+        }
 }
 
 void fuzz_sockets(std::string_view bytes)

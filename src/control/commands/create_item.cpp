@@ -58,7 +58,6 @@ bool make_settings_file_or_complain(const std::string& name, const std::string& 
     WholeFile file(directory.get(), NEW_SETTINGS_MODE);
     if (!file || !write_whole(file.get(), text) || !file.flush() || !file.publish(directory.get(), name))
         return complain_of_new_file();
-    flush_items_or_complain(directory.get());
     return true;
 }
 
@@ -81,8 +80,14 @@ int do_create()
         }
         first_line = "#!" + var_type + "\n";
     }
-    if (!accept_new_name_or_complain(to_what) || !make_item_directory_or_complain() ||
-        !make_settings_file_or_complain(to_what, first_line))
+    if (!create_item_or_complain(to_what, first_line))
         return 1;
+    flush_items_or_complain(open_item_directory(mode_list_path, O_PATH).get());
     return make_input_metadata_or_complain(to_what);
+}
+
+bool create_item_or_complain(const std::string& name, const std::string& text)
+{
+    return accept_new_name_or_complain(name) && make_item_directory_or_complain() &&
+           make_settings_file_or_complain(name, text);
 }

@@ -19,20 +19,25 @@ int do_delete()
         std::fprintf(stderr_write, "You must specify what to name the output to delete\n");
         return 1;
     }
+    return delete_item(to_what);
+}
+
+int delete_item(const std::string& item)
+{
     assert(!mode_list_path.empty());
     std::string metadir;
-    if (!is_item_or_complain(to_what) || !is_stopped_or_complain(to_what) ||
-        !is_still_item_or_complain(to_what) || !find_metadir_or_complain(to_what, metadir))
+    if (!is_item_or_complain(item) || !is_stopped_or_complain(item) || !is_still_item_or_complain(item) ||
+        !find_metadir_or_complain(item, metadir))
         return 1;
     const Descriptor directory = open_item_directory(mode_list_path);
     if (!directory)
         return 0;
     if (!metadir.empty() && !remove_metadir(directory.get(), metadir) && errno != ENOENT)
-        std::fprintf(stderr_write, "WARNING: failed to remove metadir for %s, %s\n", to_what.c_str(),
+        std::fprintf(stderr_write, "WARNING: failed to remove metadir for %s, %s\n", item.c_str(),
             std::strerror(errno));
     remove_left_replacement(directory.get(), metadir);
-    if (::unlinkat(directory.get(), to_what.c_str(), 0) != 0) {
-        std::fprintf(stdout_write, "Error: Failed to remove %s, %s\n", to_what.c_str(), std::strerror(errno));
+    if (::unlinkat(directory.get(), item.c_str(), 0) != 0) {
+        std::fprintf(stdout_write, "Error: Failed to remove %s, %s\n", item.c_str(), std::strerror(errno));
         return 1;
     }
     flush_items_or_complain(directory.get());

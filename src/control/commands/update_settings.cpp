@@ -11,7 +11,6 @@
 #include "control/items/item_directory.hpp"
 #include "control/items/metadir.hpp"
 #include "control/items/replacement_file.hpp"
-#include "control/items/rewrite_settings.hpp"
 #include "control/reports/live_update.hpp"
 #include "control/run_state.hpp"
 
@@ -44,8 +43,8 @@ bool refuse_to_replace(const std::string& path)
 
 // The settings file changes in one step or stays as it was, byte for byte. True when it has changed; what
 // went wrong has been said otherwise.
-bool rewrite_file(
-    int directory, const std::string& item, const std::string& metadir_name, const SettingValues& settings)
+bool rewrite_file(int directory, const std::string& item, const std::string& metadir_name,
+    const SettingChanges& changes, Lines lines)
 {
     const Descriptor source = open_settings(directory, item);
     struct stat state {};
@@ -66,7 +65,7 @@ bool rewrite_file(
         std::fprintf(stderr_write, "Unable to create temp\n");
         return false;
     }
-    if (!rewrite_settings(source.get(), temporary.stream(), settings)) {
+    if (!rewrite_settings(source.get(), temporary.stream(), changes, lines)) {
         std::fprintf(stderr_write, "Unable to read source, %s\n", std::strerror(errno));
         return false;
     }
@@ -81,6 +80,22 @@ void remove_metadir_of_no_item(int directory, const std::string& item, const std
         ::unlinkat(directory, metadir.c_str(), AT_REMOVEDIR);
 }
 
+SettingChanges changes_of(const SettingValues& settings)
+{
+    SettingChanges changes;
+    for (const auto& [key, value] : settings)
+        changes.push_back({key, value});
+    return changes;
+}
+
+SettingValues told_values(const SettingChanges& changes)
+{
+    SettingValues values;
+    for (const SettingChange& change : changes)
+        values.emplace_back(change.key, change.value.value_or(""));
+    return values;
+}
+
 }  // namespace
 
 int do_set(const std::string& item, const SettingValues& settings)
@@ -89,18 +104,27 @@ int do_set(const std::string& item, const SettingValues& settings)
         std::fprintf(stderr_write, "%s", NO_OUTPUT_SPECIFIED_MESSAGE);
         return 1;
     }
+    const Descriptor directory = open_item_directory(mode_list_path, O_PATH);
+    if (update_settings_or_complain(directory.get(), item, changes_of(settings), Lines::AS_IN_A_SET, true)
+            .is_stored)
+        flush_items_or_complain(directory.get());
+    return 0;
+}
+
+SettingsUpdate update_settings_or_complain(
+    int directory, const std::string& item, const SettingChanges& changes, Lines lines, bool tells)
+{
+    SettingsUpdate update;
     const std::string path = settings_path(item);
     struct stat state {};
     std::string metadir;
     if (!stat_settings_or_complain(path, state) || !find_metadir_or_complain(path, metadir))
-        return 0;
-    send_live_update(active_socket_path(metadir), settings);
+        return update;
+    update.is_told = tells && send_live_update(active_socket_path(metadir), told_values(changes));
     const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
-    const Descriptor directory = open_item_directory(mode_list_path, O_PATH);
-    make_metadir(directory.get(), metadir_name, state);
-    if (rewrite_file(directory.get(), item, metadir_name, settings))
-        flush_items_or_complain(directory.get());
-    else
-        remove_metadir_of_no_item(directory.get(), item, metadir_name);
-    return 0;
+    make_metadir(directory, metadir_name, state);
+    update.is_stored = rewrite_file(directory, item, metadir_name, changes, lines);
+    if (!update.is_stored)
+        remove_metadir_of_no_item(directory, item, metadir_name);
+    return update;
 }

@@ -15,11 +15,12 @@ namespace {
 
 class Rewrite {
 public:
-    Rewrite(std::FILE* out, const SettingValues& settings) : m_out(out), m_settings(settings)
+    Rewrite(std::FILE* out, const SettingChanges& changes, Lines lines)
+        : m_out(out), m_changes(changes), m_lines(lines)
     {
-        for (const auto& [key, value] : settings)
-            if (is_stored(key))
-                m_replaced.insert(key);
+        for (const SettingChange& change : changes)
+            if (is_stored(change.key))
+                m_replaced.insert(change.key);
     }
 
     void copy_line(std::string_view line)
@@ -29,24 +30,38 @@ public:
             return;
         if (read.kind == SettingsLineKind::COMMENT)
             return write_line(line);
-        if (!std::exchange(m_wrote_marker, true))
-            write_line("#multiline");
+        mark();
         if (read.kind == SettingsLineKind::SETTING)
             copy_setting(read.key, read.value);
         else
             write_line(line);
     }
 
-    void write_pairs()
+    void write_changes()
     {
+        if (m_lines == Lines::WHOLE)
+            mark();
         for (const std::string& key : m_folded_keys)
-            fprintf_value(m_out, key, m_folded[key]);
-        for (const auto& [key, value] : m_settings)
-            if (is_stored(key))
-                fprintf_value(m_out, key, value);
+            write_value(key, m_folded[key]);
+        for (const auto& [key, value] : m_changes)
+            if (is_stored(key) && value)
+                write_value(key, *value);
     }
 
 private:
+    void mark()
+    {
+        if (!std::exchange(m_wrote_marker, true))
+            write_line("#multiline");
+    }
+
+    void write_value(std::string_view key, std::string_view value)
+    {
+        if (value.empty() && m_lines == Lines::WHOLE)
+            write_line(std::string(key) + "=");
+        fprintf_value(m_out, key, value);
+    }
+
     void write_line(std::string_view line)
     {
         std::fwrite(line.data(), 1, line.size(), m_out);
@@ -59,7 +74,7 @@ private:
         if (m_replaced.contains(key))
             return;
         if (m_reader.has_values_of_several_lines()) {
-            fprintf_value(m_out, key, value);
+            write_value(key, value);
             return;
         }
         const auto [entry, is_new] = m_folded.try_emplace(std::string(key));
@@ -69,7 +84,8 @@ private:
     }
 
     std::FILE* m_out;
-    const SettingValues& m_settings;
+    const SettingChanges& m_changes;
+    Lines m_lines;
     std::unordered_set<std::string_view> m_replaced;
     SettingsReader m_reader;
     bool m_wrote_marker = false;
@@ -79,14 +95,14 @@ private:
 
 }  // namespace
 
-bool rewrite_settings(int source, std::FILE* out, const SettingValues& settings)
+bool rewrite_settings(int source, std::FILE* out, const SettingChanges& changes, Lines lines)
 {
-    Rewrite rewrite(out, settings);
-    LineReader lines(source);
-    for (std::string_view line; lines.next(line);)
+    Rewrite rewrite(out, changes, lines);
+    LineReader reader(source);
+    for (std::string_view line; reader.next(line);)
         rewrite.copy_line(line);
-    if (lines.failed())
+    if (reader.failed())
         return false;
-    rewrite.write_pairs();
+    rewrite.write_changes();
     return true;
 }

@@ -32,36 +32,38 @@ bool send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
 
 // What the item answers is not looked at; packets that are no answer are passed over, however many, as long
 // as there is time.
-void wait_for_answer(comm_socket_v4* connection)
+bool wait_for_answer(comm_socket_v4* connection)
 {
     const std::uint64_t deadline = monotonic_clock_us() + WAIT_US;
     do {
         comm_socket_v4_client_from_server_readable(connection, deadline);
         const CommPacket packet(comm_socket_v4_client_get_packet_from_server(connection));
         if (!packet || is_reply(*packet))
-            return;
+            return packet != nullptr;
     } while (monotonic_clock_us() < deadline);
+    return false;
 }
 
 }  // namespace
 
-void send_live_update(const std::string& socket_path, const SettingValues& settings)
+bool send_live_update(const std::string& socket_path, const SettingValues& settings)
 {
     struct stat state {};
     if (settings.empty() || ::stat(socket_path.c_str(), &state) != 0 || !S_ISSOCK(state.st_mode))
-        return;
+        return false;
     const CommSocket connection(comm_socket_v4_create());
     if (!connection)
-        return;
+        return false;
     comm_socket_v4_set_connect_timeout(connection.get(), WAIT_US);
     comm_socket_v4_set_connect_timeout_routine(connection.get(), WAIT_US);
     if (comm_socket_v4_connect_to(connection.get(), socket_path.c_str()) != 0)
-        return;
+        return false;
+    bool is_answered = true;
     for (const auto& [key, value] : settings) {
         const CommPacket packet = make_set(key, value);
         if (!packet)
-            return;
-        if (send(connection.get(), packet.get()))
-            wait_for_answer(connection.get());
+            return false;
+        is_answered &= send(connection.get(), packet.get()) && wait_for_answer(connection.get());
     }
+    return is_answered;
 }
