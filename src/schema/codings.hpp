@@ -108,7 +108,8 @@ struct Integer {
     {
         return integer_text(json, null_text);
     }
-    static constexpr char JSON[] = R"({"type": ["integer", "null"]})";
+    static constexpr char JSON[] =
+        R"({"type": ["integer", "null"], "minimum": -2147483648, "maximum": 2147483647})";
 };
 
 struct Number {

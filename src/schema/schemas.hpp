@@ -28,6 +28,12 @@ inline const Schema* find_schema(std::string_view driver)
     return nullptr;
 }
 
+// A key as a settings file has it: one that holds a "=" ends there.
+inline std::string key_in_file(std::string_view key)
+{
+    return std::string(key.substr(0, key.find('=')));
+}
+
 // One face of a member, or both where they are alike.
 struct MemberFace {
     const Row* row;

@@ -2,7 +2,6 @@
 
 #include <charconv>
 #include <cstdio>
-#include <vector>
 
 #include "platform/time.hpp"
 #include "zelmctl/printable.hpp"
@@ -92,6 +91,10 @@ std::string take_word(const Subcommand& subcommand, std::string_view word, Optio
     }
     if (subcommand.items == Items::NONE)
         return "unknown word " + std::string(word);
+    if (subcommand.items == Items::WORDS) {
+        options.words.emplace_back(word);
+        return {};
+    }
     return options.items.add(word) ? "" : "no item: " + std::string(word);
 }
 
@@ -99,6 +102,8 @@ std::string fault_of_items(const Subcommand& subcommand, Options& options)
 {
     if (subcommand.items == Items::BEHIND_A_STATE && options.state.empty())
         return "a state is missing: running, stopped or answering";
+    if (subcommand.items == Items::WORDS)
+        return options.words.empty() ? "what it is about is missing" : "";
     if (!options.items.is_empty())
         return {};
     if (subcommand.items == Items::NAMED || subcommand.items == Items::BEHIND_A_STATE)

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zelmctl/selection.hpp"
 #include "zelmctl/status.hpp"
@@ -22,14 +23,16 @@ struct Options {
     std::uint64_t for_us = 0;  // 0 is for ever
     std::string output_file;   // empty is standard output
     Selection items;
+    std::vector<std::string> words;  // of a subcommand that reads them itself
 
     // When the time that --timeout gives ends, on the clock of monotonic_clock_us().
     std::uint64_t deadline_us() const;
 };
 
-enum class Items : std::uint8_t { NONE, ALL_UNLESS_NAMED, NAMED, BEHIND_A_STATE };
+// What stands on it beside switches: items, or words of another kind.
+enum class Items : std::uint8_t { NONE, ALL_UNLESS_NAMED, NAMED, BEHIND_A_STATE, WORDS };
 
-// A subcommand whose command line is made of switches and items.
+// A subcommand whose command line is made of switches and items, or of at least one word of its own.
 struct Subcommand {
     std::string_view name;
     std::string_view switches;  // that it takes, with blanks between them; --help is everybody's

@@ -10,6 +10,7 @@
 #include "zelmctl/act.hpp"
 #include "zelmctl/check/check.hpp"
 #include "zelmctl/descriptor_limit.hpp"
+#include "zelmctl/explain.hpp"
 #include "zelmctl/get.hpp"
 #include "zelmctl/metrics.hpp"
 #include "zelmctl/options.hpp"
@@ -29,12 +30,13 @@ constexpr char HELP[] = R"(usage: zelmctl SUBCOMMAND ...
   watch    tell of each change
   metrics  tell Prometheus how items run
   check    say what the control tools pass over in silence
+  explain  say what the members of a document are
 
 Each subcommand tells more by --help. Exit status: 0 it is so, 1 it is not so, or not for all, 2 the command line is
 wrong or something could not be looked at.
 )";
 
-const Subcommand* const SUBCOMMANDS[] = {&GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS};
+const Subcommand* const SUBCOMMANDS[] = {&GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS, &EXPLAIN};
 
 Status run(const Subcommand& subcommand, int argc, char** argv)
 {

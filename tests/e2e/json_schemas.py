@@ -40,25 +40,29 @@ REFUSED = [
     ("channel", {"regions": {"main": {"kind": "items"}}}), ("channel", {"regions": {"item": {"policy": "never"}}}),
     ("alsa", {"driver": None}), ("alsa", {"driver": "oss"}), ("internet_mpeg", {"driver": ""}), ("x11", {"x11": None}),
     ("shoutcast", {"driver": "alsa"}), ("shoutcast", {"enc": None}), ("video_passthru", {"driver": "trigger_rs232"}),
-    ("x11", {"video": {"rate": 2.5}}), ("channel", {"audio": {"ducking": {"level": "loud"}}}),
+    ("x11", {"video": {"rate": 2.5}}), ("x11", {"video": {"rate": 3e9}}), ("channel", {"audio": {"ducking": {"level": "loud"}}}),
 ]
 MEMBERS = [
     ("x11", ["x11", "active"], {"type": ["boolean", "null"], "readOnly": True, "title": "active",
-                                "description": "Status, whether X11 window is active"}),
+                                "description": "Status, whether X11 window is active", "x-key": "active"}),
     ("x11", ["driver"], {"type": ["string", "null"], "enum": ["x11", None], "default": "x11", "title": "driver"}),
     ("drmkms", ["kms", "connector", "type"], {
         "anyOf": [{"enum": ["hdmi", "vga", "dvi-d", "lvds"]}, {"type": ["string", "number", "null"]}],
-        "default": "hdmi", "title": "connector", "description": "What kind of connector to use on the card"}),
+        "default": "hdmi", "title": "connector", "x-key": "connector",
+        "description": "What kind of connector to use on the card"}),
     ("internet_mpeg", ["audio_normalizer_map_mode"], {
         "type": ["string", "number", "null"], "default": "", "title": "audio normalizer map mode",
+        "x-key": "audio normalizer map mode",
         "description": "Set audio normalization mapping mode. Decibel (log) mode can provide higher quality at the cost"
                        " of some additional CPU load."}),
     ("channel", ["debug", "burnIn"], {
-        "type": ["string", "number", "null"], "default": None, "writeOnly": True, "title": "burn in",
+        "type": ["string", "number", "null"], "default": None, "writeOnly": True, "title": "burn in", "x-key": "burn in",
         "description": "Render debug info into the frame"}),
 ]
 # One is stored twice, and the key of the other ends in a "=": what is stored of them is not what was given.
 TWOFOLD = {"audio.normalizer.enable", "audio.normalizer.passes.1.upper"}
+# A null of one of them alone is nothing.
+TOGETHER = {"caption.conversion.enable", "caption.conversion.force"}
 # How many members of each document only tell something.
 READ_ONLY = {"alsa": 5, "blackmagic_decklink_sdi": 5, "channel": 61, "drmkms": 7, "fbdev": 5, "internet_mpeg": 29, "oss": 3,
              "pulseaudio": 3, "schedule_push": 4, "shoutcast": 10, "video_passthru": 11, "video_passthru_v2": 11, "x11": 8}
@@ -95,6 +99,35 @@ def findings(driver, document):
     return [finding for finding in json.loads(found) if finding.get("member") not in TWOFOLD]
 
 
+# Each member as it is explained, beside what a document of nulls makes of a setting of its.
+def check_explained(tool, path, item, driver):
+    before = open(path).read()
+    members = json.loads(output_of("zelmctl", "explain", "--json", driver))["members"]
+    told = [member for member in members if member["told"] and member["member"] not in TWOFOLD | TOGETHER]
+    document = {}
+    for member in told:
+        *around, name = member["member"].split(".")
+        at = document
+        for inner in around:
+            at = at.setdefault(inner, {})
+        at[name] = None
+    open(path, "w").write(before + "".join(f"{member['key']}=stored\n" for member in told))
+    output_of(tool, "-c", "set", "-o", item, "--json-driver", driver, "--json-out", json.dumps(with_lists(document)))
+    stored = dict(line.split("=", 1) for line in open(path).read().splitlines() if "=" in line)
+    for member in told:
+        left = stored.get(member["key"], "")
+        if left != ("stored" if member["null"] is None else member["null"]):
+            print(f"{driver}: a null of {member['member']} leaves {left!r}, and is explained as {member['null']!r}")
+    open(path, "w").write(before)
+
+
+def with_lists(value):
+    if not isinstance(value, dict):
+        return value
+    members = {name: with_lists(member) for name, member in value.items()}
+    return list(members.values()) if "0" in members else members
+
+
 def check_form(tool, path, item, driver):
     before = open(path).readline()
     form = form_of(schema_of(driver))
@@ -120,6 +153,7 @@ def check(tool, directory, program, driver):
 
     first_line = {"zelm_chctl": "", "zelm_inctl": "#!" + driver.replace("_", "-")}.get(tool, "driver=" + driver)
     open(f"/mnt/main/tv/{directory}/{item}", "w").write(first_line + "\n")
+    check_explained(tool, f"/mnt/main/tv/{directory}/{item}", item, driver)
     check_form(tool, f"/mnt/main/tv/{directory}/{item}", item, driver)
     manifest = open(f"/usr/share/tavorn4/arglist/{program}.al", encoding="utf-8").read()
     keys = [key for key in re.findall(r"^\[([^=]*)\]$", manifest, re.M) if key != "driver"]

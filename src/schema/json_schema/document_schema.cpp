@@ -143,12 +143,12 @@ std::string title_of(const Face& face)
     const std::size_t begin = face.key.find_first_not_of(' ');
     if (begin == std::string_view::npos)
         return std::string(face.path.substr(face.path.rfind('.') + 1));
-    return std::string(face.key.substr(begin, face.key.find('=') - begin));
+    return key_in_file(face.key.substr(begin));
 }
 
 constexpr char SECRET_NOTE[] = ". It gives access: zelmctl get leaves it out, unless --secrets.";
 
-void add_face(Member& member, const MemberFace& of)
+void add_face(Member& member, const MemberFace& of, const std::string& key)
 {
     const Row& row = *of.row;
     Json::object& schema = member.schema;
@@ -159,7 +159,11 @@ void add_face(Member& member, const MemberFace& of)
         else
             schema[name] = name == "properties" ? with_part_defaults(value, *of.face) : value;
     }
+    if (has(schema["type"].array_items(), "number") && schema.erase("minimum") > 0)
+        schema.erase("maximum");  // of a face that is an integer alone
     schema["title"] = title_of(*of.face);
+    if (!key.empty())
+        schema["x-key"] = key_in_file(key);
     if (!row.description.empty())
         schema["description"] = std::string(row.description);
     if (row.marks.status)
@@ -228,27 +232,31 @@ Json schema_of(const Member& member)
     return member.members.begin()->first == "0" ? list_schema(member) : object_schema(member);
 }
 
-void add_group(Member& group, const Row& row);
+void add_group(Member& group, const Row& row, const std::string& key_prefix);
 
-void add_rows(Member& around, std::span<const Row> rows)
+void add_rows(Member& around, std::span<const Row> rows, const std::string& key_prefix)
 {
     for (const Row& row : rows) {
         if (!row.group.empty())
-            add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row);
+            add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row,
+                key_prefix + std::string(row.read.key));
         else
             for_each_face(row, [&](const Face& face, Direction direction) {
-                add_face(member_at(around, PathText(face)), {&row, &face, direction});
+                add_face(member_at(around, PathText(face)), {&row, &face, direction},
+                    key_prefix + std::string(face.key));
             });
     }
 }
 
-void add_group(Member& group, const Row& row)
+// The keys of elements keep the "#" that stands for an element's number.
+void add_group(Member& group, const Row& row, const std::string& key_prefix)
 {
     if (row.repeat.count == 0)
-        return add_rows(group, row.group);
+        return add_rows(group, row.group, key_prefix);
     Member element;
-    add_rows(element, row.group);
+    add_rows(element, row.group, key_prefix);
     group.schema = repeated_schema(element, row.repeat.count).object_items();
+    group.schema["x-first-number"] = row.repeat.first_number;
     group.is_written = group.is_read = true;
 }
 
@@ -275,7 +283,7 @@ void name_driver(Member& document, const Schema& schema)
 Json::object document_schema(const Schema& schema)
 {
     Member document;
-    add_rows(document, schema.rows);
+    add_rows(document, schema.rows, {});
     name_driver(document, schema);
     return object_schema(document).object_items();
 }

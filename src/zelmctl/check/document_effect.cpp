@@ -3,6 +3,7 @@
 #include "platform/io.hpp"
 #include "schema/composite_text.hpp"
 #include "schema/create_consumer.hpp"
+#include "schema/schemas.hpp"
 #include "settings/settings_file.hpp"
 
 namespace {
@@ -26,7 +27,7 @@ void store(StoredSettings& settings, SettingsReader& reader, const std::string& 
 
 std::string DocumentEffect::value(const std::string& key) const
 {
-    const StoredSetting* const setting = settings.find(key.substr(0, key.find('=')));
+    const StoredSetting* const setting = settings.find(key_in_file(key));
     return setting ? setting->value : "";
 }
 

@@ -11,8 +11,7 @@ struct DocumentEffect {
     std::set<std::string, std::less<>> keys;  // that are set, to nothing too
     StoredSettings settings;                  // what they are read back as
 
-    // The value that is stored under the key, empty if nothing is. A key that holds a "=" ends there in a
-    // file.
+    // The value that is stored under the key, empty if nothing is.
     std::string value(const std::string& key) const;
 };
 

@@ -17,17 +17,11 @@ constexpr const char* SWITCHES_OF_ALL[] = {"autostart", "autorestart"};
 // Regions of a channel that have no place in its document.
 constexpr const char* ALTERNATIVES[] = {"!alt1", "!alt2"};
 
-// A key that holds a "=" ends there in a file.
-std::string in_file(const std::string& key)
-{
-    return key.substr(0, key.find('='));
-}
-
 void add_rows(KnownSettings& known, std::span<const Row> rows, const std::string& key_prefix = {})
 {
     const auto add = [&](const std::string&, const std::string& key, const MemberFace& member) {
         if (!key.empty())
-            known[in_file(key)].push_back(member);
+            known[key_in_file(key)].push_back(member);
     };
     for_each_member(rows, add, {}, key_prefix);
 }
@@ -68,7 +62,7 @@ bool is_secret(std::string_view key)
             for_each_member(
                 schema.rows, [&](const std::string&, const std::string& name, const MemberFace& member) {
                     if (member.row->marks.secret)
-                        marked.insert(in_file(name));
+                        marked.insert(key_in_file(name));
                 });
         return marked;
     }();
@@ -95,8 +89,8 @@ std::vector<KnownName> names_of_keys(const Schema& schema, const KnownSettings& 
     for_each_member(schema.rows, [&](const std::string& path, const std::string& key, const MemberFace&) {
         if (key.empty())
             return;
-        keys_of[path].insert(in_file(key));
-        keys_of[path.substr(path.rfind('.') + 1)].insert(in_file(key));
+        keys_of[path].insert(key_in_file(key));
+        keys_of[path.substr(path.rfind('.') + 1)].insert(key_in_file(key));
     });
     for (const auto& [name, keys] : keys_of)
         if (keys.size() == 1)
