@@ -86,9 +86,8 @@ TEST_F(Get, SaysWhatAnOrdinaryUserMayNotSee)
     EXPECT_EQ(outputs["main"]["error"], Json("you may not see who serves it"));
     EXPECT_TRUE(outputs["main"]["running"].is_null());
     expect_all({
-        {AS_NOBODY +
-                "zelmctl metrics >/run/metrics; echo $?; grep -c 'main\\|output.*running.* 1' /run/metrics",
-            1, "2\n0\n", trouble},
+        {AS_NOBODY + "zelmctl metrics >/run/prom; echo $?; grep -c 'main\\|output.*running.* 1' /run/prom", 1,
+            "2\n0\n", trouble},
     });
 }
 
@@ -111,24 +110,24 @@ TEST_F(Get, AsksInTurnsWhereFewDescriptorsAreLeft)
 TEST_F(Get, PutsMetricsInThePlaceOfAFileAndOfNothingElse)
 {
     write_file(OUTPUTS + "a", "driver=x11\n");
-    write_file("/run/m/victim", "kept");
+    write_file("/run/prom/victim", "kept");
     output_of(
-        "cd /run/m; ln -s victim link.prom; mkfifo pipe; umask 077; zelmctl metrics >expected; chmod 755 .");
+        "cd /run/prom; ln -s victim link.prom; mkfifo pipe; umask 077; zelmctl metrics >expected; chmod 755 .");
     expect_all({
-        {"cd /run/m; umask 077; for file in new.prom link.prom new.prom; do zelmctl metrics -o $file; cmp $file expected; done",
+        {"cd /run/prom; umask 077; for file in new.prom link.prom new.prom; do zelmctl metrics -o $file; cmp $file expected; done",
             0, "", ""},
-        {"cd /run/m; cat victim; stat -c '%A %n' *", 0,
+        {"cd /run/prom; cat victim; stat -c '%A %n' *", 0,
             "kept-rw------- expected\n-rw-r--r-- link.prom\n-rw-r--r-- new.prom\nprw-r--r-- pipe\n-rw-r--r-- victim\n",
             ""},
-        {"zelmctl metrics -o /run/m/pipe", 2, "", "zelmctl: /run/m/pipe: no regular file\n"},
+        {"zelmctl metrics -o /run/prom/pipe", 2, "", "zelmctl: /run/prom/pipe: no regular file\n"},
         {"zelmctl metrics -o /run/gone/x", 2, "", "zelmctl: /run/gone/x: No such file or directory\n"},
-        {"ls -A /run/m", 0, "expected\nlink.prom\nnew.prom\npipe\nvictim\n", ""},
+        {"ls -A /run/prom", 0, "expected\nlink.prom\nnew.prom\npipe\nvictim\n", ""},
     });
-    if (const Mount full("-t tmpfs -o size=4k none", "/run/m"); full)
+    if (const Mount full("-t tmpfs -o size=4k none", "/run/prom"); full)
         expect_all({
-            {"cd /run/m; echo >f.prom; zelmctl metrics -o f.prom", 2, "",
+            {"cd /run/prom; echo >f.prom; zelmctl metrics -o f.prom", 2, "",
                 "zelmctl: f.prom: No space left on device\n"},
-            {"cd /run/m; ls -A; cat f.prom", 0, "f.prom\n\n", ""},
+            {"cd /run/prom; ls -A; cat f.prom", 0, "f.prom\n\n", ""},
         });
 }
 
