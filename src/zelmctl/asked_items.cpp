@@ -13,16 +13,6 @@
 
 namespace {
 
-Status complain_of_missing(const Selection& selection, const std::vector<ItemId>& found)
-{
-    Status status = IS_SO;
-    for (const ItemId& item : missing_items(selection, found)) {
-        complain_of(item, "no such item");
-        status = IS_NOT_SO;
-    }
-    return status;
-}
-
 std::vector<AskedItem> items_with(std::vector<ItemId> ids, const std::vector<RunningDriver>& processes)
 {
     std::vector<AskedItem> items;

@@ -9,20 +9,11 @@
 #include "control/items/metadir.hpp"
 #include "zelmctl/options.hpp"
 
-namespace {
-
-bool is_named(const Selection& selection, const Role& role)
-{
-    return selection.has_all(role) || !selection.names(role).empty();
-}
-
-}  // namespace
-
 FoundItems find_items(const Selection& selection)
 {
     FoundItems found;
     for (const Role& role : ROLES) {
-        if (!is_named(selection, role))
+        if (!selection.has_any(role))
             continue;
         const Directory directory(::opendir(role.directory));
         if (!directory && errno == ENOENT)
@@ -47,6 +38,16 @@ std::vector<ItemId> missing_items(const Selection& selection, const std::vector<
             if (const ItemId item{&role, name}; !std::binary_search(items.begin(), items.end(), item))
                 missing.push_back(item);
     return missing;
+}
+
+Status complain_of_missing(const Selection& selection, const std::vector<ItemId>& items)
+{
+    Status status = IS_SO;
+    for (const ItemId& item : missing_items(selection, items)) {
+        complain_of(item, "no such item");
+        status = IS_NOT_SO;
+    }
+    return status;
 }
 
 bool has_autostart(const ItemId& item)

@@ -19,6 +19,9 @@ FoundItems find_items(const Selection& selection);
 // Those that are named one by one and not among the items, which are sorted.
 std::vector<ItemId> missing_items(const Selection& selection, const std::vector<ItemId>& items);
 
+// Says which are missing.
+Status complain_of_missing(const Selection& selection, const std::vector<ItemId>& items);
+
 // Those of the items that start at boot.
 bool has_autostart(const ItemId& item);
 

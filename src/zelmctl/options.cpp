@@ -14,6 +14,7 @@ constexpr struct {
 } FLAGS[] = {
     {"--any", &Options::any},
     {"--autostart", &Options::autostart},
+    {"--documents", &Options::documents},
     {"--json", &Options::json},
     {"--kill", &Options::kill},
     {"--secrets", &Options::secrets},

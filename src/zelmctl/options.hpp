@@ -14,6 +14,7 @@ struct Options {
     std::string state;  // that "wait" waits for
     bool any = false;
     bool autostart = false;
+    bool documents = false;
     bool kill = false;
     bool json = false;
     bool secrets = false;

@@ -36,6 +36,7 @@ public:
 
     bool is_empty() const;
     bool has_all(const Role& role) const { return of(role).has_all; }
+    bool has_any(const Role& role) const { return has_all(role) || !names(role).empty(); }
     bool includes(const ItemId& item) const;
 
     // The items of the kind that are named one by one.

@@ -63,6 +63,7 @@ ROWS = [
     ("zelmctl check --kind ", "", ["channel", "output", "input", "router"]),
     ("zelmctl check --json settings ", "--h", ["--help"]),
     ("zelmctl check document ", SAMPLE[:-9], [SAMPLE]),
+    ("zelmctl save ", "--d", ["--documents"]),
     ("zelmctl explain ", "x", ["x11"]),
     ("zelmctl explain ", "output/m", ["output/main"]),
     ("zelmctl explain --json output/main ", "x11.key", []),
