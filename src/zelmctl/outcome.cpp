@@ -56,10 +56,10 @@ void add_ending(Json::object& object, int ending)
         object["status"] = WEXITSTATUS(ending);
 }
 
-std::string Outcomes::text_of(const Outcome& outcome) const
+std::string text_of(const Outcome& outcome, std::uint64_t timeout_us)
 {
     switch (outcome.result) {
-    case Result::TIMEOUT: return outcome.text + " after " + seconds(m_timeout_us);
+    case Result::TIMEOUT: return outcome.text + " after " + seconds(timeout_us);
     case Result::REFUSED: return "refused, " + outcome.text;
     case Result::ENDED:
         if (!outcome.ending)
@@ -82,7 +82,7 @@ void Outcomes::tell(const ItemId& item, const Outcome& outcome)
         m_kinds[plural(*item.role)][item.name] = as_json(outcome);
         return;
     }
-    std::printf("%s: %s\n", printable(item).c_str(), printable(text_of(outcome)).c_str());
+    std::printf("%s: %s\n", printable(item).c_str(), printable(text_of(outcome, m_timeout_us)).c_str());
     if (std::fflush(stdout) != 0 && m_error == 0)
         m_error = errno;
 }

@@ -22,6 +22,9 @@ struct Outcome {
 // The result of an item whose driver's process the caller may not see.
 Outcome not_to_be_seen();
 
+// In words, for people. A limit that has run out is told by its length.
+std::string text_of(const Outcome& outcome, std::uint64_t timeout_us);
+
 // "status" or "signal", and its number, added to an object.
 void add_ending(json11::Json::object& object, int ending);
 
@@ -36,8 +39,6 @@ public:
     Status finish();
 
 private:
-    std::string text_of(const Outcome& outcome) const;
-
     bool m_json;
     std::uint64_t m_timeout_us;
     Status m_status = IS_SO;
