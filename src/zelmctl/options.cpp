@@ -15,8 +15,10 @@ constexpr struct {
     {"--any", &Options::any},
     {"--autostart", &Options::autostart},
     {"--documents", &Options::documents},
+    {"--exact", &Options::exact},
     {"--json", &Options::json},
     {"--kill", &Options::kill},
+    {"--prune", &Options::prune},
     {"--secrets", &Options::secrets},
     {"--settings", &Options::settings},
     {"--supervised", &Options::supervised},
@@ -131,7 +133,7 @@ std::optional<Options> read_options(const Subcommand& subcommand, int argc, char
             status = IS_SO;
             return {};
         }
-        if (word.starts_with('-')) {
+        if (word.starts_with('-') && word != "-") {
             fault = take_switch(subcommand, words, options);
         } else {
             words.erase(words.begin());

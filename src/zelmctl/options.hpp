@@ -13,6 +13,8 @@
 struct Options {
     std::string state;  // that "wait" waits for
     bool any = false;
+    bool exact = false;
+    bool prune = false;
     bool autostart = false;
     bool documents = false;
     bool kill = false;

@@ -8,6 +8,7 @@
 #include "platform/io.hpp"
 #include "platform/signals.hpp"
 #include "zelmctl/act.hpp"
+#include "zelmctl/appliance/apply.hpp"
 #include "zelmctl/appliance/save.hpp"
 #include "zelmctl/check/check.hpp"
 #include "zelmctl/descriptor_limit.hpp"
@@ -30,15 +31,18 @@ constexpr char HELP[] = R"(usage: zelmctl SUBCOMMAND ...
   restart  both
   watch    tell of each change
   metrics  tell Prometheus how items run
+  save     write what is stored as one file
+  plan     say what apply would do
+  apply    bring the appliance to what a file says
   check    say what the control tools pass over in silence
   explain  say what the members of a document are
-  save     write what is stored as one file
 
 Each subcommand tells more by --help. Exit status: 0 it is so, 1 it is not so, or not for all, 2 the command line is
 wrong or something could not be looked at.
 )";
 
-const Subcommand* const SUBCOMMANDS[] = {&GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS, &EXPLAIN, &SAVE};
+const Subcommand* const SUBCOMMANDS[] = {
+    &GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS, &SAVE, &PLAN, &APPLY, &EXPLAIN};
 
 Status run(const Subcommand& subcommand, int argc, char** argv)
 {

@@ -1,12 +1,12 @@
 #include "zelmctl/check/check.hpp"
 
-#include <cerrno>
+#include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <optional>
 
 #include "control/items/role.hpp"
+#include "zelmctl/appliance/appliance_file.hpp"
 #include "zelmctl/check/check_document.hpp"
 #include "zelmctl/check/check_manifest.hpp"
 #include "zelmctl/check/check_settings.hpp"
@@ -18,10 +18,11 @@ namespace {
 
 constexpr char USAGE[] = R"(usage: zelmctl check [--json] document --driver WORD FILE...
        zelmctl check [--json] settings [--kind channel|output|input|router] FILE...
-       zelmctl check [--json] manifest FILE...
+       zelmctl check [--json] manifest|appliance FILE...
 
 Says what the tools pass over in silence: of a JSON document for "set" of that driver ("channel" for a
-channel's), of an item's settings file, and of a driver's manifest. FILE may be "-", standard input.
+channel's), of an item's settings file, and of a driver's manifest; and what "apply" would refuse of a file
+of the appliance. FILE may be "-", standard input.
 
   --driver WORD  the driver whose document it is
   --kind KIND    the kind of the item, which otherwise follows from the file's directory
@@ -57,9 +58,13 @@ std::optional<ItemKind> kind_of_file(const std::string& file)
     return std::nullopt;
 }
 
-const char* reason()
+// Keys that no document knows are no finding, and told all the same.
+void check_appliance(const std::string& file, const std::string& text, Findings& findings)
 {
-    return errno == EINVAL ? "No regular file" : std::strerror(errno);
+    Findings unknown;
+    read_appliance(text, findings, unknown);
+    for (const Finding& finding : unknown.all())
+        std::fputs(as_line(file, finding).c_str(), stderr);
 }
 
 // Whether the file could be checked; if not, that has been said.
@@ -71,20 +76,23 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
             stderr, "%s: no directory of items; which kind is it? --kind tells\n", printable(file).c_str());
         return false;
     }
-    const Descriptor input = open_input(file);
+    const std::int64_t limit = line.subject == "appliance" ? APPLIANCE_LIMIT : INPUT_LIMIT;
+    const Descriptor input = open_input(file, limit);
     bool is_read = static_cast<bool>(input);
     if (is_read && line.subject == "settings") {
         is_read = check_settings(input.get(), *kind, findings);
     } else if (is_read && line.subject == "manifest") {
         is_read = check_manifest(input.get(), findings);
     } else if (is_read) {
-        const auto text = contents_of(input.get());
+        const auto text = contents_of(input.get(), limit);
         is_read = text.has_value();
-        if (text)
+        if (text && line.subject == "appliance")
+            check_appliance(file, *text, findings);
+        else if (text)
             check_document(*line.driver, *text, findings);
     }
     if (!is_read)
-        std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), reason());
+        std::fprintf(stderr, "%s: %s\n", printable(file).c_str(), reason_of_input());
     return is_read;
 }
 
@@ -118,8 +126,10 @@ Status refuse(const std::string& why)
 // Why it can't be run; empty if it can.
 std::string fault_of(const CommandLine& line)
 {
-    if (line.subject != "document" && line.subject != "settings" && line.subject != "manifest")
-        return line.subject.empty() ? "document, settings or manifest?" : "unknown word " + line.subject;
+    constexpr std::string_view SUBJECTS[] = {"appliance", "document", "manifest", "settings"};
+    if (std::find(std::begin(SUBJECTS), std::end(SUBJECTS), line.subject) == std::end(SUBJECTS))
+        return line.subject.empty() ? "document, settings, manifest or appliance?"
+                                    : "unknown word " + line.subject;
     if ((line.subject == "document") != line.driver.has_value())
         return line.driver ? "--driver is for documents" : "--driver WORD is missing";
     if (line.kind && line.subject != "settings")

@@ -240,12 +240,6 @@ private:
     std::set<std::string, std::less<>> m_keys;  // whose members have been looked at
 };
 
-void say_position(const std::string& text, const std::string& fault, Findings& findings)
-{
-    const TextPosition at = position_of_fault(text);
-    findings.add({"no JSON: " + fault, {}, at.line, at.column});
-}
-
 }  // namespace
 
 void check_document(const std::string& driver, const std::string& text, Findings& findings)
@@ -256,12 +250,9 @@ void check_document(const std::string& driver, const std::string& text, Findings
                       suggestion(driver, {}, driver_words())});
         schema = find_schema("channel");
     }
-    std::string fault;
-    const Json document = Json::parse(text, fault);
-    if (!fault.empty())
-        say_position(text, fault, findings);
-    else if (!document.is_object())
+    const auto document = json_of(text, findings);
+    if (document && !document->is_object())
         findings.add({"no object, and would set nothing"});
-    else
-        DocumentCheck(*schema, findings).check(document, text);
+    else if (document)
+        DocumentCheck(*schema, findings).check(*document, text);
 }

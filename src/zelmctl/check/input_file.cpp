@@ -1,6 +1,7 @@
 #include "zelmctl/check/input_file.hpp"
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -9,9 +10,9 @@
 namespace {
 
 // A file without a name, of what comes from the pipe.
-Descriptor copy_of(int pipe)
+Descriptor copy_of(int pipe, std::int64_t limit)
 {
-    const std::optional<std::string> bytes = contents_of(pipe);
+    const std::optional<std::string> bytes = contents_of(pipe, limit);
     Descriptor copy(::memfd_create("input", MFD_CLOEXEC));
     if (!bytes || !copy || !write_whole(copy.get(), *bytes) || ::lseek(copy.get(), 0, SEEK_SET) != 0)
         return {};
@@ -20,7 +21,7 @@ Descriptor copy_of(int pipe)
 
 }  // namespace
 
-Descriptor open_input(const std::string& name)
+Descriptor open_input(const std::string& name, std::int64_t limit)
 {
     const bool is_named = name != "-";
     const int opened = is_named ? ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)
@@ -31,17 +32,22 @@ Descriptor open_input(const std::string& name)
         return {};
     const bool is_regular = S_ISREG(state.st_mode);
     if (!is_named && !is_regular)
-        return copy_of(file.get());
-    if (is_regular && state.st_size <= INPUT_LIMIT)
+        return copy_of(file.get(), limit);
+    if (is_regular && state.st_size <= limit)
         return file;
     errno = is_regular ? EFBIG : S_ISDIR(state.st_mode) ? EISDIR : EINVAL;
     return {};
 }
 
-std::optional<std::string> contents_of(int file)
+std::optional<std::string> contents_of(int file, std::int64_t limit)
 {
     std::string bytes;
-    if (!read_to_end(file, INPUT_LIMIT, bytes))
+    if (!read_to_end(file, static_cast<std::size_t>(limit), bytes))
         return std::nullopt;
     return bytes;
+}
+
+const char* reason_of_input()
+{
+    return errno == EINVAL ? "No regular file" : std::strerror(errno);
 }

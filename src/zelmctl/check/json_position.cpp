@@ -39,3 +39,14 @@ TextPosition position_of_fault(std::string text)
     }
     return position_of(std::string_view(text).substr(0, reaches - 1));
 }
+
+std::optional<json11::Json> json_of(const std::string& text, Findings& findings)
+{
+    std::string fault;
+    json11::Json json = json11::Json::parse(text, fault);
+    if (fault.empty())
+        return json;
+    const TextPosition at = position_of_fault(text);
+    findings.add({"no JSON: " + fault, {}, at.line, at.column});
+    return {};
+}

@@ -1,0 +1,339 @@
+#include "zelmctl/appliance/appliance_file.hpp"
+
+#include <algorithm>
+#include <climits>
+#include <unistd.h>
+
+#include "control/items/item_directory.hpp"
+#include "control/items/item_names.hpp"
+#include "platform/io.hpp"
+#include "schema/driver_words.hpp"
+#include "zelmctl/appliance/unique_names.hpp"
+#include "zelmctl/check/check_document.hpp"
+#include "zelmctl/check/document_effect.hpp"
+#include "zelmctl/check/document_shape.hpp"
+#include "zelmctl/check/json_position.hpp"
+#include "zelmctl/check/known_settings.hpp"
+
+using json11::Json;
+
+namespace {
+
+using Names = std::vector<KnownName>;
+
+const Names MEMBERS{{"document", {}}, {"driver", {}}, {"settings", {}}, {"state", {}}, {"supervised", {}}};
+
+Names member_names(const Role& role)
+{
+    Names names = MEMBERS;
+    if (role.kind == ItemKind::INPUT)
+        names.push_back({"type", {}});
+    return names;
+}
+
+bool is_one_of(const std::string& name, const Names& names)
+{
+    return std::any_of(
+        names.begin(), names.end(), [&](const KnownName& known) { return known.name == name; });
+}
+
+bool can_be_called(const std::string& name, const Role& role)
+{
+    return is_item_name(name) && names_item(name, role) && name.size() <= NAME_MAX &&
+           name.find('/') == name.npos && name.find('\0') == name.npos;
+}
+
+bool is_installed(const Role& role, const std::string& driver)
+{
+    return driver.find('/') == driver.npos && driver.find('\0') == driver.npos &&
+           ::access(("/usr/bin/" + driver_program(role, driver)).c_str(), X_OK) == 0;
+}
+
+// Why no line of a file can hold the key; empty if one can.
+std::string fault_of_key(std::string_view key)
+{
+    if (key.empty())
+        return "an empty key sets nothing";
+    if (is_live_command(key) || key.starts_with('#'))
+        return "a key can't begin with \"" + std::string(1, key.front()) + "\"";
+    for (const char c : {'=', '\n', '\r'})
+        if (key.find(c) != key.npos)
+            return c == '=' ? "a key can't hold a \"=\"" : "a key can't hold an end of line";
+    return {};
+}
+
+std::string fault_of_line(std::string_view key, std::string_view line)
+{
+    if (line.find('\n') != line.npos)
+        return "a text can't hold a line feed; an array of texts is a value of several lines";
+    if (line.find('\r') != line.npos)
+        return "a text can't hold a carriage return";
+    if (key.size() + 1 + line.size() > LineReader::LINE_LIMIT)
+        return "a line can't have more than " + std::to_string(LineReader::LINE_LIMIT) +
+               " bytes, key and \"=\" among them";
+    return {};
+}
+
+// What is known of the documents of a driver, and looked up once.
+struct KnownKeys {
+    explicit KnownKeys(const Schema& schema)
+        : settings(known_settings(schema)), names(names_of_keys(schema, settings))
+    {
+    }
+    KnownSettings settings;
+    Names names;
+};
+
+class ApplianceReader {
+public:
+    ApplianceReader(Findings& findings, Findings& unknown) : m_findings(findings), m_unknown(unknown) {}
+
+    WantedAppliance read(const Json& json)
+    {
+        WantedAppliance wanted;
+        Names kinds;
+        for (const Role& role : ROLES)
+            kinds.push_back({plural(role), {}});
+        check_members(json, kinds, {});
+        for (const Role& role : ROLES)
+            if (json.object_items().contains(plural(role))) {
+                wanted.kinds.push_back(&role);
+                read_kind(json[plural(role)], role, wanted.items);
+            }
+        return wanted;
+    }
+
+private:
+    // An item while it is read.
+    struct Reading {
+        const Json& json;
+        WantedItem& item;
+        std::string path;
+        std::optional<std::string> driver{};  // its word, where the file tells
+    };
+
+    void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
+
+    // Whether it is an object.
+    bool check_members(const Json& json, const Names& names, const std::string& path)
+    {
+        if (!json.is_object())
+            say(path, "no object");
+        for (const auto& [name, member] : json.object_items())
+            if (!is_one_of(name, names))
+                say(joined(path, name), "unknown member" + suggestion(name, {}, names));
+        return json.is_object();
+    }
+
+    void read_kind(const Json& json, const Role& role, std::vector<WantedItem>& items)
+    {
+        if (!json.is_object())
+            return say(plural(role), "no object");
+        const Names names = member_names(role);
+        for (const auto& [name, member] : json.object_items()) {
+            if (m_findings.has_more())
+                return;
+            items.push_back({{&role, name}});
+            Reading reading{member, items.back(), path_of(items.back().id)};
+            if (!can_be_called(name, role))
+                say(reading.path, "no " + std::string(role.word) + " can be called so");
+            if (check_members(member, names, reading.path))
+                read_item(reading);
+        }
+    }
+
+    void read_item(Reading& reading)
+    {
+        const bool has_settings = read_settings(reading);
+        read_type(reading);
+        read_running(reading);
+        read_driver(reading);
+        if (reading.json.object_items().contains("document"))
+            read_document(reading);
+        if (has_settings)
+            tell_unknown_keys(reading);
+    }
+
+    bool read_settings(Reading& reading)
+    {
+        const Json& settings = reading.json["settings"];
+        const bool is_there = reading.json.object_items().contains("settings");
+        const std::string path = reading.path + ".settings";
+        if (is_there && !settings.is_object())
+            say(path, "no object");
+        for (const auto& [key, value] : settings.object_items()) {
+            if (m_findings.has_more())
+                break;
+            const std::string fault = fault_of_key(key);
+            if (!fault.empty())
+                say(joined(path, key), fault);
+            reading.item.settings[key] = value_of(key, value, joined(path, key));
+        }
+        return is_there;
+    }
+
+    std::optional<std::string> value_of(const std::string& key, const Json& value, const std::string& path)
+    {
+        if (value.is_null())
+            return {};
+        if (value.is_string())
+            return line_of(key, value, path);
+        const Json::array& lines = value.array_items();
+        if (lines.empty())
+            say(path, "wants a text, an array of texts or null");
+        else if (lines.size() > 1 && lines.front() == Json(""))
+            say(path + ".0", "a value of several lines can't begin with an empty one");
+        std::string text;
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            text += (i > 0 ? "\n" : "") + line_of(key, lines[i], path + "." + std::to_string(i));
+        return text;
+    }
+
+    std::string line_of(const std::string& key, const Json& line, const std::string& path)
+    {
+        const std::string fault = line.is_string() ? fault_of_line(key, line.string_value()) : "no text";
+        if (!fault.empty())
+            say(path, fault);
+        return line.string_value();
+    }
+
+    // A text that stands there as a member, if it does.
+    std::optional<std::string> word(const Reading& reading, const char* member)
+    {
+        const auto found = reading.json.object_items().find(member);
+        if (found == reading.json.object_items().end())
+            return {};
+        if (!found->second.is_string())
+            say(reading.path + "." + member, "no text");
+        return found->second.string_value();
+    }
+
+    void read_type(Reading& reading)
+    {
+        if (reading.item.id.role->kind != ItemKind::INPUT)
+            return;
+        const auto marker = word(reading, "type");
+        for (const InputType& type : INPUT_TYPES)
+            if (marker && *marker == type.marker)
+                reading.item.type = &type;
+        Names types;
+        for (const InputType& type : INPUT_TYPES)
+            types.push_back({type.marker, {}});
+        if (marker && !reading.item.type)
+            say(reading.path + ".type",
+                "unknown type of input " + in_quotes(*marker) + suggestion(*marker, {}, types));
+    }
+
+    void read_running(Reading& reading)
+    {
+        const auto state = word(reading, "state");
+        if (state && *state != "running" && *state != "stopped")
+            say(reading.path + ".state", "wants \"running\" or \"stopped\"");
+        if (state)
+            reading.item.runs = *state == "running";
+        const Json& supervised = reading.json["supervised"];
+        if (supervised.is_bool())
+            reading.item.supervised = supervised.bool_value();
+        else if (reading.json.object_items().contains("supervised"))
+            say(reading.path + ".supervised", "wants true or false");
+    }
+
+    // Whose item and document it is, by all that tells: they have to agree.
+    void read_driver(Reading& reading)
+    {
+        const Role& role = *reading.item.id.role;
+        const bool is_channel = role.kind == ItemKind::CHANNEL;
+        const auto driver = word(reading, "driver");
+        const auto set = reading.item.settings.find("driver");
+        const bool is_set = !is_channel && set != reading.item.settings.end();
+        const Json& of_document = reading.json["document"]["driver"];
+        if (driver && is_set && set->second != driver)
+            say(reading.path + ".settings.driver", "is another word than \"driver\", " + in_quotes(*driver));
+        if (driver && reading.item.type && *driver != reading.item.type->driver)
+            say(reading.path + ".driver",
+                "an input of that type has the driver " + in_quotes(reading.item.type->driver));
+        if (is_channel)
+            reading.driver = "channel";
+        else if (driver)
+            reading.driver = driver;
+        else if (reading.item.type)
+            reading.driver = reading.item.type->driver;
+        else if (is_set)
+            reading.driver = set->second;
+        else if (of_document.is_string())
+            reading.driver = of_document.string_value();
+        check_driver(reading, is_channel ? driver : reading.driver);
+        if (driver && role.driver_source == DriverSource::DRIVER_LINE)
+            reading.item.settings["driver"] = driver;
+    }
+
+    void check_driver(const Reading& reading, const std::optional<std::string>& driver)
+    {
+        const Role& role = *reading.item.id.role;
+        const bool is_known = !driver || driver->empty() || is_driver_word(*driver, role.kind) ||
+                              (role.kind != ItemKind::CHANNEL && is_installed(role, *driver));
+        if (!is_known)
+            say(reading.path + (reading.json["driver"].is_string() ? ".driver" : ""),
+                "no " + std::string(role.word) + " has the driver " + in_quotes(*driver) +
+                    suggestion(*driver, {}, driver_words()));
+    }
+
+    void read_document(Reading& reading)
+    {
+        const std::string path = reading.path + ".document";
+        if (!reading.driver)
+            return say(path, "whose is it? \"driver\" is missing");
+        const Schema* const schema = find_schema(*reading.driver);
+        if (!schema || schema->kind != reading.item.id.role->kind)
+            return say(path, "the driver " + in_quotes(*reading.driver) + " has no document");
+        const std::string text = reading.json["document"].dump();
+        Findings of_document;
+        check_document(*reading.driver, text, of_document);
+        for (const Finding& finding : of_document.all())
+            say(finding.member.empty() ? path : path + "." + finding.member, finding.text);
+        if (const auto effect = effect_of(*reading.driver, text))
+            for (const std::string& key : effect->keys)
+                take_of_document(reading, key_in_file(key), *effect);
+    }
+
+    void take_of_document(Reading& reading, const std::string& key, const DocumentEffect& effect)
+    {
+        const StoredSetting* const stored = effect.settings.find(key);
+        const std::optional<std::string> value = stored ? std::optional(stored->value) : std::nullopt;
+        const auto [setting, is_new] = reading.item.settings.try_emplace(key, value);
+        if (!is_new && (key != "driver" || setting->second != value))
+            say(joined(reading.path + ".settings", key), "the document sets it, too");
+    }
+
+    void tell_unknown_keys(const Reading& reading)
+    {
+        const Schema* const schema = reading.driver ? find_schema(*reading.driver) : nullptr;
+        if (!schema || schema->kind != reading.item.id.role->kind)
+            return;
+        const KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;
+        for (const auto& [key, value] : reading.json["settings"].object_items())
+            if (!known.settings.contains(key))
+                m_unknown.add_of_member(joined(reading.path + ".settings", key),
+                    "stored, though no document tells of it" + suggestion(key, {}, known.names));
+    }
+
+    Findings& m_findings;
+    Findings& m_unknown;
+    std::map<const Schema*, KnownKeys> m_known;
+};
+
+}  // namespace
+
+std::string path_of(const ItemId& item)
+{
+    return joined(plural(*item.role), item.name);
+}
+
+WantedAppliance read_appliance(const std::string& text, Findings& findings, Findings& unknown)
+{
+    const auto json = json_of(text, findings);
+    if (!json)
+        return {};
+    find_repeated_names(text, findings);
+    return ApplianceReader(findings, unknown).read(*json);
+}

@@ -1,0 +1,34 @@
+// The appliance as one file: which items there are to be, with what, and whether they run.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "zelmctl/check/findings.hpp"
+#include "zelmctl/selection.hpp"
+
+constexpr std::int64_t APPLIANCE_LIMIT = std::int64_t{64} << 20;  // the bytes of a file
+
+struct WantedItem {
+    ItemId id;
+    const InputType* type = nullptr;  // where one is named
+    // By their keys, several lines joined with a line feed; none for one that is to go.
+    std::map<std::string, std::optional<std::string>, std::less<>> settings{};
+    std::optional<bool> runs{};
+    std::optional<bool> supervised{};
+};
+
+struct WantedAppliance {
+    std::vector<WantedItem> items{};   // sorted
+    std::vector<const Role*> kinds{};  // that are named, though without items
+};
+
+// What the text wants. What can't be is a finding; without one, each item can be stored as it is wanted. Keys
+// of which no document tells go to `unknown`: a driver may take them.
+WantedAppliance read_appliance(const std::string& text, Findings& findings, Findings& unknown);
+
+// The path of an item in the file.
+std::string path_of(const ItemId& item);
