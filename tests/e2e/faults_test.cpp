@@ -118,6 +118,41 @@ TEST_F(Faults, AKilledRunLeavesTheOldItemsOrTheNewOnes)
     });
 }
 
+// Six items: two change, of which one gets several lines, one comes, one goes, one stays, and one loses a
+// key.
+TEST_F(Faults, AKilledApplyLeavesEachItemOldOrNewAndTheNextOneEndsRight)
+{
+    const Command command{"apply",
+        "for i in a c d e f; do printf '#multiline\\nb=2\\ni=%s\\n' $i >$i; done; mkdir .c.metadir",
+        "zelmctl apply --exact --prune /run/six.json",
+        {{"a", "#multiline\nb=2\ni=a\n"}, {"c", "#multiline\nb=2\ni=c\n"}, {"d", "#multiline\nb=2\ni=d\n"},
+            {"e", "#multiline\nb=2\ni=e\n"}, {"f", "#multiline\nb=2\ni=f\n"}},
+        {{"a", "#multiline\ni=a\nb=3\n"}, {"b", "#multiline\nb=2\n"},
+            {"d", "#multiline\nb=2\ni=d\ni=\ni=e\n"}, {"e", "#multiline\nb=2\ni=e\n"},
+            {"f", "#multiline\nb=2\n"}}};
+    write_file("/run/six.json",
+        R"({"outputs": {"a": {"settings": {"b": "3", "i": "a"}}, "b": {"settings": {"b": "2"}},
+        "d": {"settings": {"b": "2", "i": ["d", "", "e"]}}, "e": {"settings": {"b": "2", "i": "e"}},
+        "f": {"settings": {"b": "2"}}}})");
+    const auto of = [](const Files& items, const std::string& name) {
+        return items.contains(name) ? items.at(name) : "absent";
+    };
+    for (const auto& [call, count] : calls_of(command))
+        for (int n = 1; n <= count; ++n) {
+            run_with(command, "--inject=" + call + ":signal=SIGKILL:when=" + std::to_string(n));
+            const Files left = files(OUTPUTS);
+            for (const std::string name : {"a", "b", "c", "d", "e", "f"})
+                EXPECT_TRUE(
+                    of(left, name) == of(command.before, name) || of(left, name) == of(command.after, name))
+                    << name << "\n"
+                    << read_file("/run/trace");
+            EXPECT_EQ(sh(command.command_line).status, 0);
+            Files after = files(OUTPUTS);
+            std::erase_if(after, [](const auto& file) { return file.first.starts_with('.'); });
+            EXPECT_EQ(after, command.after) << read_file("/run/trace");
+        }
+}
+
 TEST_F(Faults, AFailingCallIsToldOrDoesNotMatter)
 {
     for_each_call("error=EIO", [](const Command& command, const Outcome& outcome) {

@@ -31,6 +31,15 @@ Names member_names(const Role& role)
     return names;
 }
 
+Names words_of(ItemKind kind)
+{
+    Names words;
+    for (const Schema& schema : SCHEMAS)
+        if (schema.kind == kind)
+            words.push_back({std::string(schema.driver), {}});
+    return words;
+}
+
 bool is_one_of(const std::string& name, const Names& names)
 {
     return std::any_of(
@@ -43,10 +52,10 @@ bool can_be_called(const std::string& name, const Role& role)
            name.find('/') == name.npos && name.find('\0') == name.npos;
 }
 
-bool is_installed(const Role& role, const std::string& driver)
+bool is_installed(const Role& role, std::string_view driver)
 {
     return driver.find('/') == driver.npos && driver.find('\0') == driver.npos &&
-           ::access(("/usr/bin/" + driver_program(role, driver)).c_str(), X_OK) == 0;
+           ::access(("/usr/bin/" + driver_program(role, std::string(driver))).c_str(), X_OK) == 0;
 }
 
 // Why no line of a file can hold the key; empty if one can.
@@ -80,27 +89,37 @@ struct KnownKeys {
         : settings(known_settings(schema)), names(names_of_keys(schema, settings))
     {
     }
+    const std::string& suggestion_for(const std::string& key)
+    {
+        const auto [entry, is_new] = suggestions.try_emplace(key);
+        if (is_new)
+            entry->second = suggestion(key, {}, names);
+        return entry->second;
+    }
+
     KnownSettings settings;
     Names names;
+    std::map<std::string, std::string> suggestions{};
 };
 
 class ApplianceReader {
 public:
     ApplianceReader(Findings& findings, Findings& unknown) : m_findings(findings), m_unknown(unknown) {}
 
-    WantedAppliance read(const Json& json)
+    WantedAppliance read(Json all)
     {
-        WantedAppliance wanted;
+        m_wanted.json = std::move(all);
+        const Json& json = m_wanted.json;
         Names kinds;
         for (const Role& role : ROLES)
             kinds.push_back({plural(role), {}});
         check_members(json, kinds, {});
         for (const Role& role : ROLES)
             if (json.object_items().contains(plural(role))) {
-                wanted.kinds.push_back(&role);
-                read_kind(json[plural(role)], role, wanted.items);
+                m_wanted.kinds.push_back(&role);
+                read_kind(json[plural(role)], role);
             }
-        return wanted;
+        return std::move(m_wanted);
     }
 
 private:
@@ -109,7 +128,7 @@ private:
         const Json& json;
         WantedItem& item;
         std::string path;
-        std::optional<std::string> driver{};  // its word, where the file tells
+        std::optional<std::string_view> driver{};  // its word, where the file tells
     };
 
     void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
@@ -125,7 +144,7 @@ private:
         return json.is_object();
     }
 
-    void read_kind(const Json& json, const Role& role, std::vector<WantedItem>& items)
+    void read_kind(const Json& json, const Role& role)
     {
         if (!json.is_object())
             return say(plural(role), "no object");
@@ -133,8 +152,8 @@ private:
         for (const auto& [name, member] : json.object_items()) {
             if (m_findings.has_more())
                 return;
-            items.push_back({{&role, name}});
-            Reading reading{member, items.back(), path_of(items.back().id)};
+            m_wanted.items.push_back({{&role, name}});
+            Reading reading{member, m_wanted.items.back(), path_of(m_wanted.items.back().id)};
             if (!can_be_called(name, role))
                 say(reading.path, "no " + std::string(role.word) + " can be called so");
             if (check_members(member, names, reading.path))
@@ -158,47 +177,53 @@ private:
     {
         const Json& settings = reading.json["settings"];
         const bool is_there = reading.json.object_items().contains("settings");
-        const std::string path = reading.path + ".settings";
         if (is_there && !settings.is_object())
-            say(path, "no object");
+            say(reading.path + ".settings", "no object");
         for (const auto& [key, value] : settings.object_items()) {
             if (m_findings.has_more())
                 break;
-            const std::string fault = fault_of_key(key);
-            if (!fault.empty())
-                say(joined(path, key), fault);
-            reading.item.settings[key] = value_of(key, value, joined(path, key));
+            if (std::string fault = fault_of_key(key); !fault.empty())
+                say(path_of_key(reading, key), std::move(fault));
+            auto& wanted = reading.item.settings;
+            wanted.emplace_hint(wanted.end(), key, value_of(reading, key, value));
         }
         return is_there;
     }
 
-    std::optional<std::string> value_of(const std::string& key, const Json& value, const std::string& path)
+    static std::string path_of_key(const Reading& reading, const std::string& key)
+    {
+        return joined(reading.path + ".settings", key);
+    }
+
+    std::string_view keep(std::string text) { return m_wanted.kept.emplace_back(std::move(text)); }
+
+    std::optional<std::string_view> value_of(
+        const Reading& reading, const std::string& key, const Json& value)
     {
         if (value.is_null())
             return {};
-        if (value.is_string())
-            return line_of(key, value, path);
+        const auto check = [&](const Json& line, const char* fault) {
+            const std::string found = line.is_string() ? fault_of_line(key, line.string_value()) : fault;
+            if (!found.empty())
+                say(path_of_key(reading, key), found);
+        };
         const Json::array& lines = value.array_items();
         if (lines.empty())
-            say(path, "wants a text, an array of texts or null");
-        else if (lines.size() > 1 && lines.front() == Json(""))
-            say(path + ".0", "a value of several lines can't begin with an empty one");
+            check(value, "wants a text, an array of texts or null");
+        if (lines.size() > 1 && lines.front() == Json(""))
+            say(path_of_key(reading, key), "a value of several lines can't begin with an empty one");
+        if (lines.empty())
+            return value.string_value();
         std::string text;
-        for (std::size_t i = 0; i < lines.size(); ++i)
-            text += (i > 0 ? "\n" : "") + line_of(key, lines[i], path + "." + std::to_string(i));
-        return text;
-    }
-
-    std::string line_of(const std::string& key, const Json& line, const std::string& path)
-    {
-        const std::string fault = line.is_string() ? fault_of_line(key, line.string_value()) : "no text";
-        if (!fault.empty())
-            say(path, fault);
-        return line.string_value();
+        for (const Json& line : lines) {
+            check(line, "wants an array of texts alone");
+            text += (&line == &lines.front() ? "" : "\n") + line.string_value();
+        }
+        return keep(std::move(text));
     }
 
     // A text that stands there as a member, if it does.
-    std::optional<std::string> word(const Reading& reading, const char* member)
+    std::optional<std::string_view> word(const Reading& reading, const char* member)
     {
         const auto found = reading.json.object_items().find(member);
         if (found == reading.json.object_items().end())
@@ -267,7 +292,7 @@ private:
             reading.item.settings["driver"] = driver;
     }
 
-    void check_driver(const Reading& reading, const std::optional<std::string>& driver)
+    void check_driver(const Reading& reading, std::optional<std::string_view> driver)
     {
         const Role& role = *reading.item.id.role;
         const bool is_known = !driver || driver->empty() || is_driver_word(*driver, role.kind) ||
@@ -275,7 +300,7 @@ private:
         if (!is_known)
             say(reading.path + (reading.json["driver"].is_string() ? ".driver" : ""),
                 "no " + std::string(role.word) + " has the driver " + in_quotes(*driver) +
-                    suggestion(*driver, {}, driver_words()));
+                    suggestion(*driver, {}, words_of(role.kind)));
     }
 
     void read_document(Reading& reading)
@@ -288,10 +313,11 @@ private:
             return say(path, "the driver " + in_quotes(*reading.driver) + " has no document");
         const std::string text = reading.json["document"].dump();
         Findings of_document;
-        check_document(*reading.driver, text, of_document);
+        const std::string driver(*reading.driver);
+        check_document(driver, text, of_document);
         for (const Finding& finding : of_document.all())
             say(finding.member.empty() ? path : path + "." + finding.member, finding.text);
-        if (const auto effect = effect_of(*reading.driver, text))
+        if (const auto effect = effect_of(driver, text))
             for (const std::string& key : effect->keys)
                 take_of_document(reading, key_in_file(key), *effect);
     }
@@ -299,10 +325,10 @@ private:
     void take_of_document(Reading& reading, const std::string& key, const DocumentEffect& effect)
     {
         const StoredSetting* const stored = effect.settings.find(key);
-        const std::optional<std::string> value = stored ? std::optional(stored->value) : std::nullopt;
-        const auto [setting, is_new] = reading.item.settings.try_emplace(key, value);
+        const auto value = stored ? std::optional(keep(stored->value)) : std::nullopt;
+        const auto [setting, is_new] = reading.item.settings.try_emplace(keep(key), value);
         if (!is_new && (key != "driver" || setting->second != value))
-            say(joined(reading.path + ".settings", key), "the document sets it, too");
+            say(path_of_key(reading, key), "the document sets it, too");
     }
 
     void tell_unknown_keys(const Reading& reading)
@@ -310,15 +336,16 @@ private:
         const Schema* const schema = reading.driver ? find_schema(*reading.driver) : nullptr;
         if (!schema || schema->kind != reading.item.id.role->kind)
             return;
-        const KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;
+        KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;
         for (const auto& [key, value] : reading.json["settings"].object_items())
-            if (!known.settings.contains(key))
-                m_unknown.add_of_member(joined(reading.path + ".settings", key),
-                    "stored, though no document tells of it" + suggestion(key, {}, known.names));
+            if (!known.settings.contains(key) && !m_unknown.has_more())
+                m_unknown.add_of_member(path_of_key(reading, key),
+                    "stored, though no document tells of it" + known.suggestion_for(key));
     }
 
     Findings& m_findings;
     Findings& m_unknown;
+    WantedAppliance m_wanted;
     std::map<const Schema*, KnownKeys> m_known;
 };
 
@@ -331,9 +358,9 @@ std::string path_of(const ItemId& item)
 
 WantedAppliance read_appliance(const std::string& text, Findings& findings, Findings& unknown)
 {
-    const auto json = json_of(text, findings);
+    auto json = json_of(text, findings);
     if (!json)
         return {};
     find_repeated_names(text, findings);
-    return ApplianceReader(findings, unknown).read(*json);
+    return ApplianceReader(findings, unknown).read(std::move(*json));
 }

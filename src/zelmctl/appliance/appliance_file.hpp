@@ -2,9 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
+#include <json11.hpp>
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zelmctl/check/findings.hpp"
@@ -16,7 +19,7 @@ struct WantedItem {
     ItemId id;
     const InputType* type = nullptr;  // where one is named
     // By their keys, several lines joined with a line feed; none for one that is to go.
-    std::map<std::string, std::optional<std::string>, std::less<>> settings{};
+    std::map<std::string_view, std::optional<std::string_view>> settings{};
     std::optional<bool> runs{};
     std::optional<bool> supervised{};
 };
@@ -24,6 +27,9 @@ struct WantedItem {
 struct WantedAppliance {
     std::vector<WantedItem> items{};   // sorted
     std::vector<const Role*> kinds{};  // that are named, though without items
+
+    json11::Json json{};             // which the views of the items are of,
+    std::deque<std::string> kept{};  // or of these
 };
 
 // What the text wants. What can't be is a finding; without one, each item can be stored as it is wanted. Keys

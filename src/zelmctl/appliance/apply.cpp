@@ -30,15 +30,17 @@ Brings the appliance to what the file says, and says each step when it is done. 
   --exact      settings that an item of the file doesn't name go
   --json       print one JSON object at the end instead of a line a step
   --prune      items that the file doesn't name are stopped and go, of the kinds that it names
-  --timeout S  wait so many seconds at most for what is stopped and started, 15 unless told
+  --timeout S  wait so many seconds at most for what is stopped, and for what is started, 15 unless told
 
 Exit status: 0 all is as the file says, 1 not all, 2 trouble, and nothing has changed.
 )";
 
 void complain_of_findings(const std::string& file, const Findings& findings)
 {
+    std::string lines;
     for (const Finding& finding : findings.all())
-        std::fputs(as_line(file, finding).c_str(), stderr);
+        lines += as_line(file, finding);
+    std::fputs(lines.c_str(), stderr);
 }
 
 // IS_SO with the plan of the file, or TROUBLE, which has been said.
@@ -101,7 +103,7 @@ Json outcome_of(const PlannedItem& item, const Step& step)
 
 Status apply(const Options& options)
 {
-    const Descriptor turn = take_turn();
+    const Turn turn;
     Plan plan;
     if (!turn || plan_of(options, plan) != IS_SO || !may_do(plan))
         return TROUBLE;

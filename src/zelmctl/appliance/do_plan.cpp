@@ -101,7 +101,6 @@ public:
     void run()
     {
         change(changed_first(m_plan));
-        m_manner.deadline_us = monotonic_clock_us() + m_timeout_us;
         act(Act::DOWN, &PlannedItem::is_stopped);
         change(changed_when_stopped(m_plan));
         act(Act::UP, &PlannedItem::is_started);
@@ -128,7 +127,7 @@ private:
         std::vector<std::string> names;
         for (const PlannedItem* item : items)
             names.push_back(item->id.name);
-        begin_delegated_run({role, false, false, m_manner.deadline_us}, std::move(names));
+        begin_delegated_run({role, false, false, 0}, std::move(names));
         for (PlannedItem* item : items)
             change_item(*item);
         flush_items_or_complain(open_item_directory(role.directory, O_PATH).get());
@@ -201,8 +200,9 @@ private:
             }
         if (items.empty())
             return;
+        const ActManner manner{monotonic_clock_us() + m_timeout_us, false};
         const std::string fault =
-            act_on(items, {what}, m_manner, [&](const ItemId& id, const Outcome& outcome) {
+            act_on(items, {what}, manner, [&](const ItemId& id, const Outcome& outcome) {
                 take_outcome(*meant.extract(id).mapped(), what, outcome);
             });
         for (const auto& [id, item] : meant)
@@ -246,7 +246,6 @@ private:
     Plan& m_plan;
     std::uint64_t m_timeout_us;
     const TellStep& m_tell;
-    ActManner m_manner{};
 };
 
 // The signal of a program that hangs over an input's metadata, or of a reader of the output that has gone,

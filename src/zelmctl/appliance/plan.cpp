@@ -27,13 +27,12 @@ bool has_several_lines(const std::optional<std::string>& value)
     return value && value->find('\n') != value->npos;
 }
 
-// One item: as it is wanted, as it is stored, and how it runs.
-class ItemPlan {
+// What an item's file is to change from what is stored.
+class FilePlan {
 public:
-    ItemPlan(const WantedItem& wanted, std::optional<StoredItem> stored, const RunningDriver& driver,
-        bool exact, Findings& findings)
-        : m_wanted(wanted), m_stored(std::move(stored)), m_driver(driver), m_exact(exact),
-          m_findings(findings), m_planned{wanted.id, wanted.type, driver.pid != 0}
+    FilePlan(const WantedItem& wanted, std::optional<StoredItem> stored, bool exact, Findings& findings)
+        : m_wanted(wanted), m_stored(std::move(stored)), m_exact(exact),
+          m_findings(findings), m_planned{wanted.id, wanted.type}
     {
     }
 
@@ -47,22 +46,20 @@ public:
         if (m_exact && m_stored)
             remove_unnamed();
         check_supervision();
-        if (m_planned.runs)
-            plan_running();
-        else if (m_wanted.runs.value_or(false))
-            act(Do::START);
         return std::move(m_planned);
     }
 
 private:
     const Role& role() const { return *m_wanted.id.role; }
 
-    std::optional<std::string> stored(std::string_view key) const
+    std::optional<std::string_view> stored(std::string_view key) const
     {
         if (!m_stored)
             return {};
         const auto found = m_stored->settings.find(key);
-        return found == m_stored->settings.end() ? std::nullopt : std::optional(found->second);
+        if (found == m_stored->settings.end())
+            return {};
+        return found->second;
     }
 
     void say(const char* member, std::string text)
@@ -82,10 +79,14 @@ private:
                             ", which nothing changes");
     }
 
-    void change(const std::string& key, const std::optional<std::string>& to)
+    void change(std::string_view key, std::optional<std::string_view> to)
     {
-        if (auto from = stored(key); from != to)
-            m_planned.changes.push_back({to ? Do::SET : Do::REMOVE, key, std::move(from), to});
+        const auto from = stored(key);
+        if (from == to)
+            return;
+        m_planned.changes.push_back({to ? Do::SET : Do::REMOVE, std::string(key)});
+        m_planned.changes.back().from = from;
+        m_planned.changes.back().to = to;
     }
 
     void remove_unnamed()
@@ -98,15 +99,41 @@ private:
     // Both what is started and what runs on.
     void check_supervision()
     {
-        std::optional<std::string> autorestart = stored("autorestart");
+        std::string autorestart(stored("autorestart").value_or(""));
         for (const Step& step : m_planned.changes)
             if (step.key == "autorestart")
-                autorestart = step.to;
-        if (!m_wanted.supervised.value_or(true) &&
-            std::strtol(autorestart.value_or("").c_str(), nullptr, 10) > 0)
+                autorestart = step.to.value_or("");
+        if (!m_wanted.supervised.value_or(true) && std::strtol(autorestart.c_str(), nullptr, 10) > 0)
             say("supervised", "false, and the item's \"autorestart\" has it supervised");
     }
 
+    const WantedItem& m_wanted;
+    std::optional<StoredItem> m_stored;
+    bool m_exact;
+    Findings& m_findings;
+    PlannedItem m_planned;
+};
+
+// How the items run that change, or whose running the file is about.
+class ActPlan {
+public:
+    ActPlan(PlannedItem& planned, const WantedItem& wanted, pid_t process)
+        : m_planned(planned), m_wanted(wanted), m_process(process)
+    {
+    }
+
+    void make()
+    {
+        const bool runs = m_process != 0;
+        if (runs && !m_wanted.runs.value_or(true))
+            return act(Do::STOP);
+        if (!runs && m_wanted.runs.value_or(false))
+            return act(Do::START);
+        if (std::string why = runs ? reason_to_restart() : ""; !why.empty())
+            act(Do::RESTART, std::move(why));
+    }
+
+private:
     void act(Do what, std::string why = {})
     {
         m_planned.supervised = m_wanted.supervised.value_or(what == Do::RESTART && is_supervised());
@@ -114,19 +141,15 @@ private:
         m_planned.act->why = std::move(why);
     }
 
-    void plan_running()
+    bool is_supervised() const
     {
-        if (!m_wanted.runs.value_or(true))
-            return act(Do::STOP);
-        const std::string why = reason_to_restart();
-        if (!why.empty())
-            act(Do::RESTART, why);
+        return static_cast<bool>(supervisors_of(*m_planned.id.role, m_planned.id.name, m_process).driver);
     }
 
     std::string reason_to_restart() const
     {
         for (const Step& step : m_planned.changes) {
-            if (step.key == "driver" && role().driver_source == DriverSource::DRIVER_LINE)
+            if (step.key == "driver" && m_planned.id.role->driver_source == DriverSource::DRIVER_LINE)
                 return "its driver changes";
             if (has_several_lines(step.from) || has_several_lines(step.to))
                 return in_quotes(step.key) + " has several lines";
@@ -136,35 +159,10 @@ private:
         return {};
     }
 
-    bool is_supervised() const
-    {
-        return static_cast<bool>(supervisors_of(role(), m_wanted.id.name, m_driver.pid).driver);
-    }
-
+    PlannedItem& m_planned;
     const WantedItem& m_wanted;
-    std::optional<StoredItem> m_stored;
-    RunningDriver m_driver;
-    bool m_exact;
-    Findings& m_findings;
-    PlannedItem m_planned;
+    pid_t m_process;
 };
-
-// Those of the kinds that the file names.
-Selection selection_of_kinds(const WantedAppliance& wanted)
-{
-    Selection selection;
-    for (const Role* role : wanted.kinds)
-        selection.add(role->word);
-    return selection;
-}
-
-PlannedItem without(const ItemId& item, bool runs)
-{
-    PlannedItem planned{item, nullptr, runs, false, {Step{Do::DELETE}}};
-    if (runs)
-        planned.act.emplace(Step{Do::STOP});
-    return planned;
-}
 
 std::string shown(const std::string& key, const std::optional<std::string>& value)
 {
@@ -182,61 +180,76 @@ void add_value(
 
 class Planning {
 public:
-    Planning(const WantedAppliance& wanted, bool exact, Findings& findings)
-        : m_wanted(wanted.items), m_exact(exact), m_findings(findings)
-    {
-        for (const WantedItem& item : m_wanted)
-            m_items.push_back(item.id);
-    }
+    Planning(bool exact, Findings& findings) : m_exact(exact), m_findings(findings) {}
 
-    // Those that the file doesn't name are to go.
-    void prune(const std::vector<ItemId>& found)
-    {
-        for (const ItemId& item : found)
-            if (!std::binary_search(
-                    m_items.begin(), m_items.begin() + static_cast<std::ptrdiff_t>(m_wanted.size()), item))
-                m_items.push_back(item);
-    }
+    Status status() const { return m_status; }
 
-    Status run(Plan& plan)
-    {
-        const FoundDrivers drivers = find_drivers(m_items);
-        m_status = drivers.status;
-        for (std::size_t i = 0; i < m_items.size(); ++i) {
-            auto planned = i < m_wanted.size() ? planned_item(m_wanted[i], drivers.drivers[i])
-                                               : without(m_items[i], drivers.drivers[i].pid != 0);
-            if (planned && drivers.drivers[i].is_hidden && (has_steps(*planned) || asks_how_it_runs(i)))
-                m_status = complain_of(m_items[i], not_to_be_seen().text);
-            if (planned && has_steps(*planned))
-                plan.push_back(std::move(*planned));
-        }
-        return m_status;
-    }
-
-private:
-    static bool has_steps(const PlannedItem& item) { return item.act || !item.changes.empty(); }
-
-    bool asks_how_it_runs(std::size_t i) const
-    {
-        return i < m_wanted.size() && (m_wanted[i].runs || m_wanted[i].supervised);
-    }
-
-    std::optional<PlannedItem> planned_item(const WantedItem& item, const RunningDriver& driver)
+    void add_wanted(const WantedItem& item)
     {
         auto stored = read_stored_item(item.id);
         if (!stored && errno != ENOENT) {
             m_status = complain_of(item.id, std::strerror(errno));
-            return {};
+            return;
         }
-        return ItemPlan(item, std::move(stored), driver, m_exact, m_findings).make();
+        PlannedItem planned = FilePlan(item, std::move(stored), m_exact, m_findings).make();
+        if (!planned.changes.empty() || item.runs || item.supervised)
+            add(std::move(planned), &item);
     }
 
-    const std::vector<WantedItem>& m_wanted;
+    void add_unwanted(const ItemId& item) { add({item, nullptr, false, false, {Step{Do::DELETE}}}, nullptr); }
+
+    // With how they run; those that need nothing are left out.
+    Plan finish()
+    {
+        const FoundDrivers drivers = find_drivers(m_items);
+        m_status = std::max(m_status, drivers.status);
+        for (std::size_t i = 0; i < m_items.size(); ++i)
+            plan_act(i, drivers.drivers[i]);
+        std::erase_if(m_plan, [](const PlannedItem& item) { return !item.act && item.changes.empty(); });
+        return std::move(m_plan);
+    }
+
+private:
+    void add(PlannedItem planned, const WantedItem* wanted)
+    {
+        m_items.push_back(planned.id);
+        m_plan.push_back(std::move(planned));
+        m_wanted.push_back(wanted);
+    }
+
+    void plan_act(std::size_t i, const RunningDriver& driver)
+    {
+        m_plan[i].runs = driver.pid != 0;
+        if (driver.is_hidden)
+            m_status = complain_of(m_items[i], not_to_be_seen().text);
+        if (m_wanted[i])
+            ActPlan(m_plan[i], *m_wanted[i], driver.pid).make();
+        else if (m_plan[i].runs)
+            m_plan[i].act.emplace(Step{Do::STOP});
+    }
+
     bool m_exact;
     Findings& m_findings;
-    std::vector<ItemId> m_items;  // the wanted ones, and behind them those that are to go
     Status m_status = IS_SO;
+    Plan m_plan;
+    std::vector<ItemId> m_items;              // those of the plan
+    std::vector<const WantedItem*> m_wanted;  // likewise, null for those that are to go
 };
+
+// Those of the kinds that are named that aren't named themselves.
+std::vector<ItemId> unwanted_items(const WantedAppliance& wanted, Status& status)
+{
+    Selection kinds;
+    for (const Role* role : wanted.kinds)
+        kinds.add(role->word);
+    FoundItems found = find_items(kinds);
+    status = std::max(status, found.status);
+    std::erase_if(found.items, [&](const ItemId& item) {
+        return std::binary_search(wanted.items.begin(), wanted.items.end(), WantedItem{item},
+            [](const WantedItem& one, const WantedItem& other) { return one.id < other.id; });
+    });
+    return std::move(found.items);
+}
 
 // In the order in which kinds go up or down.
 template <typename Which> std::vector<PlannedItem*> in_order(Plan& plan, Act act, Which which)
@@ -254,10 +267,15 @@ template <typename Which> std::vector<PlannedItem*> in_order(Plan& plan, Act act
 
 Status make_plan(const WantedAppliance& wanted, bool exact, bool prune, Plan& plan, Findings& findings)
 {
-    Planning planning(wanted, exact, findings);
-    const FoundItems found = prune ? find_items(selection_of_kinds(wanted)) : FoundItems();
-    planning.prune(found.items);
-    return std::max(found.status, planning.run(plan));
+    Planning planning(exact, findings);
+    Status status = IS_SO;
+    for (const WantedItem& item : wanted.items)
+        planning.add_wanted(item);
+    if (prune)
+        for (const ItemId& item : unwanted_items(wanted, status))
+            planning.add_unwanted(item);
+    plan = planning.finish();
+    return std::max(status, planning.status());
 }
 
 std::vector<PlannedItem*> changed_first(Plan& plan)

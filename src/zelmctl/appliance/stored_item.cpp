@@ -2,7 +2,21 @@
 
 #include "control/items/item_directory.hpp"
 #include "schema/composite_text.hpp"
-#include "zelmctl/check/stored_settings.hpp"
+#include "settings/settings_reader.hpp"
+
+namespace {
+
+// Of a key that comes again the last value counts, unless its lines are one.
+void take(FlatSettings& settings, const SettingsLine& line)
+{
+    std::string& value = settings.try_emplace(settings.end(), std::string(line.key))->second;
+    if (line.joins)
+        value.append("\n").append(line.value);
+    else
+        value = line.value;
+}
+
+}  // namespace
 
 std::optional<StoredItem> read_stored_item(const ItemId& item)
 {
@@ -14,13 +28,10 @@ std::optional<StoredItem> read_stored_item(const ItemId& item)
     std::string_view left = text;
     if (item.role->driver_source == DriverSource::MARKER_LINE && left.starts_with('#'))
         stored.type = find_input_type(marker_of(cut_line(left)));
-    StoredSettings settings;
     for (SettingsReader reader; !left.empty();)
         if (const SettingsLine line = reader.read(cut_line(left));
             line.kind == SettingsLineKind::SETTING && is_stored(line.key))
-            settings.take(line, 0);
-    for (const auto& [key, setting] : settings.all())
-        stored.settings.emplace_hint(stored.settings.end(), key, setting.value);
+            take(stored.settings, line);
     return stored;
 }
 

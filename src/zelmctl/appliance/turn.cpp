@@ -14,16 +14,20 @@ constexpr char PLACE[] = "/run";
 
 }  // namespace
 
-Descriptor take_turn()
+Turn::Turn() : m_place(::open(PLACE, O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    Descriptor place(::open(PLACE, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (place && ::flock(place.get(), LOCK_EX | LOCK_NB) == 0)
-        return place;
-    if (place && errno == EWOULDBLOCK) {
+    if (m_place && ::flock(m_place.get(), LOCK_EX | LOCK_NB) == 0)
+        return;
+    if (m_place && errno == EWOULDBLOCK) {
         complain("waiting for another apply to end");
-        if (lock_exclusively(place.get()) == 0)
-            return place;
+        if (lock_exclusively(m_place.get()) == 0)
+            return;
     }
     complain(std::string(PLACE) + ": " + std::strerror(errno));
-    return {};
+    m_place.reset();
+}
+
+Turn::~Turn()
+{
+    ::flock(m_place.get(), LOCK_UN);
 }

@@ -3,6 +3,18 @@
 
 #include "platform/io.hpp"
 
-// Waits until no other run has the turn, which is said on standard error, and takes it for as long as the
-// descriptor is open. None, which has been said, when that can't be.
-Descriptor take_turn();
+class Turn {
+public:
+    // Waits until no other run has the turn, which is said on standard error. False in a test, which has been
+    // said, when it can't be had.
+    Turn();
+
+    // Children that still end don't keep it.
+    ~Turn();
+    Turn(const Turn&) = delete;
+    Turn& operator=(const Turn&) = delete;
+    explicit operator bool() const { return static_cast<bool>(m_place); }
+
+private:
+    Descriptor m_place;
+};
