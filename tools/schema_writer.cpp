@@ -1,7 +1,7 @@
 // Writes what follows from the tables of the documents:
 //
 //     schema_writer --json-schemas DIR                  DRIVER.schema.json of every document, and
-//                                                       zelmctl-get.schema.json of what holds them
+//                                                       those of what holds them
 //     schema_writer --manifest DRIVER FILE [PIECE ...]  a manifest; pieces have what the document hasn't
 //     schema_writer --seeds DIR                         what the fuzzers start from
 #include <cstdio>
@@ -30,7 +30,8 @@ bool write_json_schemas(const std::filesystem::path& directory)
     for (const Schema& schema : SCHEMAS)
         whole &=
             write_file(directory / (std::string(schema.driver) + ".schema.json"), json_schema_of(schema));
-    return whole && write_file(directory / "zelmctl-get.schema.json", json_schema_of_get());
+    return whole && write_file(directory / "zelmctl-get.schema.json", json_schema_of_get()) &&
+           write_file(directory / "appliance.schema.json", json_schema_of_appliance());
 }
 
 bool write_seeds(const std::filesystem::path& directory)

@@ -28,6 +28,13 @@ inline const Schema* find_schema(std::string_view driver)
     return nullptr;
 }
 
+// The same of a driver word of such items, which may be empty or any other.
+inline const Schema* find_schema(std::string_view driver, ItemKind kind)
+{
+    const Schema* const schema = driver.empty() ? nullptr : find_schema(driver);
+    return schema && schema->kind == kind ? schema : nullptr;
+}
+
 // A key as a settings file has it: one that holds a "=" ends there.
 inline std::string key_in_file(std::string_view key)
 {

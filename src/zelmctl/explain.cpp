@@ -2,14 +2,11 @@
 
 #include <algorithm>
 #include <boost/algorithm/string/join.hpp>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
-#include "control/items/driver_word.hpp"
-#include "control/items/item_directory.hpp"
 #include "schema/codings.hpp"
 #include "schema/json_schema/document_schema.hpp"
+#include "zelmctl/appliance/stored_item.hpp"
 #include "zelmctl/check/document_shape.hpp"
 #include "zelmctl/check/findings.hpp"
 #include "zelmctl/check/known_settings.hpp"
@@ -36,10 +33,11 @@ struct Member {
     std::string key;
     MemberFace face;
     Json schema;
+    bool needs_restart = false;  // before a running driver heeds it
 
     const Marks& marks() const { return face.row->marks; }
     bool is_set() const { return face.is_read() && !key.empty() && !marks().status; }
-    bool is_told() const { return is_set() && key != "driver"; }  // which a start alone heeds
+    bool is_told() const { return is_set() && !needs_restart; }
 };
 
 void add_members(
@@ -171,27 +169,13 @@ void print_json(const std::string& driver, const std::vector<Member>& members)
     std::puts(Json(Json::object{{"driver", driver}, {"members", array}}).dump().c_str());
 }
 
-Status cannot_explain(const std::string& why)
-{
-    return complain("explain: " + why);
-}
-
-// The driver word of an item; nothing if there is no such item, which has been said.
-std::optional<std::string> driver_of_item(const std::string& word)
+// The item of that name, if there is one.
+std::optional<ItemId> item_called(const std::string& word)
 {
     Selection selection;
-    if (!selection.add(word)) {
-        cannot_explain("no item: " + word);
-        return {};
-    }
-    for (const ItemId& item : find_items(selection).items) {
-        const Descriptor file = open_settings(AT_FDCWD, settings_path(item.role->directory, item.name));
-        if (!file)
-            break;
-        return item.role->kind == ItemKind::CHANNEL ? "channel" : read_driver(file.get(), *item.role).word;
-    }
-    cannot_explain(word + ": " + std::strerror(errno));
-    return {};
+    const bool is_item = selection.add(word);
+    const FoundItems found = is_item ? find_items(selection) : FoundItems();
+    return found.items.empty() ? std::nullopt : std::optional(found.items.front());
 }
 
 // Leaves those that are called so, by path or key, and those below such a path.
@@ -208,13 +192,15 @@ Status explain_driver(const Schema& schema, const Options& options)
     const Shape shape = shape_of(schema);
     std::vector<Member> members;
     add_members(members, shape, document_schema(schema), {});
+    for (Member& member : members)
+        member.needs_restart = member.key == "driver" && schema.kind != ItemKind::INPUT;
     const bool is_whole = options.words.size() == 1;
     if (!is_whole)
         keep_named(members, options.words[1]);
     if (members.empty()) {
         const std::string& name = options.words[1];
-        return cannot_explain("the driver " + driver + " has no " + in_quotes(name) +
-                              suggestion(name.substr(name.rfind('.') + 1), name, names_in(shape)));
+        return complain("the driver " + driver + " has no " + in_quotes(name) +
+                        suggestion(name.substr(name.rfind('.') + 1), name, names_in(shape)));
     }
     if (options.json)
         print_json(driver, members);
@@ -230,17 +216,21 @@ Status explain_driver(const Schema& schema, const Options& options)
 
 Status explain(const Options& options)
 {
-    const std::string& subject = options.words[0];
-    const bool is_item = subject.find('/') != subject.npos;
-    const auto driver = is_item ? driver_of_item(subject) : subject;
-    if (!driver)
-        return TROUBLE;
+    const std::string& word = options.words[0];
     if (options.words.size() > 2)
-        return cannot_explain("unknown word " + options.words[2]);
-    if (const Schema* const schema = find_schema(*driver); schema && !driver->empty())
+        return complain("explain: unknown word " + options.words[2]);
+    std::string driver = word;
+    if (word.find('/') != word.npos) {
+        const auto id = item_called(word);
+        const auto item = id ? read_stored_item(*id) : std::nullopt;
+        if (!item)
+            return complain(word + ": no such item");
+        driver = driver_of(*id, *item);
+    }
+    if (const Schema* const schema = find_schema(driver); schema && !driver.empty())
         return explain_driver(*schema, options);
-    return cannot_explain("the driver word " + in_quotes(*driver) + " has no document" +
-                          suggestion(*driver, {}, driver_words()));
+    return complain(
+        "the driver " + in_quotes(driver) + " has no document" + suggestion(driver, {}, driver_words()));
 }
 
 }  // namespace

@@ -33,8 +33,7 @@ Exit status: 0, 1 when an item has an error or one that is named isn't there, 2 
 // Null for a driver without one.
 const Schema* schema_of(const AskedItem& item)
 {
-    const Schema* const schema = find_schema(item.driver);
-    return schema && schema->kind == item.id.role->kind ? schema : nullptr;
+    return find_schema(item.driver, item.id.role->kind);
 }
 
 std::string with_fewest_digits(double number)

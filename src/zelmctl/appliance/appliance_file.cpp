@@ -308,8 +308,8 @@ private:
         const std::string path = reading.path + ".document";
         if (!reading.driver)
             return say(path, "whose is it? \"driver\" is missing");
-        const Schema* const schema = find_schema(*reading.driver);
-        if (!schema || schema->kind != reading.item.id.role->kind)
+        const Schema* const schema = find_schema(*reading.driver, reading.item.id.role->kind);
+        if (!schema)
             return say(path, "the driver " + in_quotes(*reading.driver) + " has no document");
         const std::string text = reading.json["document"].dump();
         Findings of_document;
@@ -333,8 +333,8 @@ private:
 
     void tell_unknown_keys(const Reading& reading)
     {
-        const Schema* const schema = reading.driver ? find_schema(*reading.driver) : nullptr;
-        if (!schema || schema->kind != reading.item.id.role->kind)
+        const Schema* const schema = find_schema(reading.driver.value_or(""), reading.item.id.role->kind);
+        if (!schema)
             return;
         KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;
         for (const auto& [key, value] : reading.json["settings"].object_items())

@@ -25,22 +25,10 @@ like output/main, a kind alone for all of it, or all, which is meant without one
 What gives access, such as passwords, is part of it. Exit status: 0, 1 when one that is named isn't there, 2 trouble.
 )";
 
-// Whose document an item has; null if none.
-const Schema* schema_of_stored(const ItemId& id, const StoredItem& item)
-{
-    std::string driver = "channel";
-    if (id.role->driver_source == DriverSource::MARKER_LINE)
-        driver = item.type ? item.type->driver : "";
-    else if (id.role->driver_source == DriverSource::DRIVER_LINE)
-        driver = item.settings.contains("driver") ? item.settings.at("driver") : "";
-    const Schema* const schema = driver.empty() ? nullptr : find_schema(driver);
-    return schema && schema->kind == id.role->kind ? schema : nullptr;
-}
-
 // Moves what the document of the item's driver can say out of the settings.
 void put_document(Json::object& saved, const ItemId& id, StoredItem& item)
 {
-    const Schema* const schema = schema_of_stored(id, item);
+    const Schema* const schema = find_schema(driver_of(id, item), id.role->kind);
     if (!schema)
         return;
     if (id.role->driver_source == DriverSource::DRIVER_LINE) {

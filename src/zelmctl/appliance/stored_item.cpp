@@ -35,6 +35,16 @@ std::optional<StoredItem> read_stored_item(const ItemId& item)
     return stored;
 }
 
+std::string driver_of(const ItemId& id, const StoredItem& item)
+{
+    if (id.role->driver_source == DriverSource::NOTHING)
+        return "channel";
+    if (id.role->driver_source == DriverSource::MARKER_LINE)
+        return item.type ? item.type->driver : "";
+    const auto driver = item.settings.find("driver");
+    return driver == item.settings.end() ? "" : driver->second;
+}
+
 json11::Json lines_of(std::string_view value)
 {
     if (value.find('\n') == value.npos)

@@ -22,5 +22,8 @@ struct StoredItem {
 // None with errno set when it can't be read to its end.
 std::optional<StoredItem> read_stored_item(const ItemId& item);
 
+// The word of the driver that a start would run, "channel" of a channel's; empty if there is none.
+std::string driver_of(const ItemId& id, const StoredItem& item);
+
 // A text, or of several lines an array of texts.
 json11::Json lines_of(std::string_view value);
