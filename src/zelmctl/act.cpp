@@ -82,8 +82,8 @@ Status restart_items(const Options& options)
 
 }  // namespace
 
-const Subcommand START{
+const Subcommand START_ITEMS{
     "start", "--autostart --json --supervised --timeout", Items::NAMED, START_HELP, start_items};
-const Subcommand STOP{"stop", "--json --kill --timeout", Items::NAMED, STOP_HELP, stop_items};
-const Subcommand RESTART{
+const Subcommand STOP_ITEMS{"stop", "--json --kill --timeout", Items::NAMED, STOP_HELP, stop_items};
+const Subcommand RESTART_ITEMS{
     "restart", "--autostart --json --kill --supervised --timeout", Items::NAMED, RESTART_HELP, restart_items};

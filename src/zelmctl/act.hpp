@@ -3,6 +3,6 @@
 
 #include "zelmctl/options.hpp"
 
-extern const Subcommand START;
-extern const Subcommand STOP;
-extern const Subcommand RESTART;
+extern const Subcommand START_ITEMS;
+extern const Subcommand STOP_ITEMS;
+extern const Subcommand RESTART_ITEMS;

@@ -42,7 +42,7 @@ wrong or something could not be looked at.
 )";
 
 const Subcommand* const SUBCOMMANDS[] = {
-    &GET, &WAIT, &START, &STOP, &RESTART, &WATCH, &METRICS, &SAVE, &PLAN, &APPLY, &EXPLAIN};
+    &GET, &WAIT, &START_ITEMS, &STOP_ITEMS, &RESTART_ITEMS, &WATCH, &METRICS, &SAVE, &PLAN, &APPLY, &EXPLAIN};
 
 Status run(const Subcommand& subcommand, int argc, char** argv)
 {

@@ -52,7 +52,7 @@ bool may_change(const PlannedItem& item)
            (!is_rewritten || may_write(metadir_of(item.id)) || errno == ENOENT);
 }
 
-std::string contents_of(const PlannedItem& item)
+std::string file_of(const PlannedItem& item)
 {
     std::string contents = item.type ? "#!" + std::string(item.type->marker) + "\n" : "";
     if (item.changes.size() > 1)
@@ -65,16 +65,16 @@ std::string contents_of(const PlannedItem& item)
 }
 
 // Takes what the commands say.
-class SaidWords {
+class CommandWords {
 public:
-    SaidWords() : m_stream(::open_memstream(&m_text, &m_size)) { say_to(m_stream ? m_stream : stderr); }
-    ~SaidWords()
+    CommandWords() : m_stream(::open_memstream(&m_text, &m_size)) { say_to(m_stream ? m_stream : stderr); }
+    ~CommandWords()
     {
         end();
         std::free(m_text);
     }
-    SaidWords(const SaidWords&) = delete;
-    SaidWords& operator=(const SaidWords&) = delete;
+    CommandWords(const CommandWords&) = delete;
+    CommandWords& operator=(const CommandWords&) = delete;
 
     // What was said, in one line, and no more is taken.
     std::string end()
@@ -123,7 +123,7 @@ private:
     // Their directory is flushed once, before they are told of.
     void change_of_role(const Role& role, std::span<PlannedItem* const> items)
     {
-        SaidWords words;
+        CommandWords words;
         std::vector<std::string> names;
         for (const PlannedItem* item : items)
             names.push_back(item->id.name);
@@ -139,7 +139,7 @@ private:
 
     static void change_item(PlannedItem& item)
     {
-        SaidWords words;
+        CommandWords words;
         std::string error;
         const bool is_done = do_changes(item, error);
         const std::string said = words.end();
@@ -168,7 +168,7 @@ private:
             return delete_item(name) == 0;
         if (item.changes.front().what != Do::CREATE)
             return rewrite(item, error);
-        const bool is_created = create_item_or_complain(name, contents_of(item));
+        const bool is_created = create_item_or_complain(name, file_of(item));
         if (is_created)
             make_input_metadata_or_complain(name);
         ::alarm(0);
