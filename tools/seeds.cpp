@@ -90,6 +90,18 @@ std::string packet_of(const char* command, std::uint8_t flags, const Texts& entr
     return {writer.bytes().begin(), writer.bytes().end()};
 }
 
+// The appliance with one item, by its settings or by a document.
+Json appliance_of(const Schema& schema, const char* member, const Json& value)
+{
+    constexpr const char* KINDS[] = {"channels", "outputs", "inputs", "routers"};
+    Json::object item{
+        {member, value}, {"driver", std::string(schema.driver)}, {"state", "running"}, {"supervised", true}};
+    for (const InputType& type : INPUT_TYPES)
+        if (schema.driver == type.driver)
+            item["type"] = type.marker;
+    return Json::object{{KINDS[static_cast<int>(schema.kind) - 1], Json::object{{"channel1", item}}}};
+}
+
 // In each of the targets that know drivers, the first byte of an input tells which it is of.
 void add_seeds(Texts& seeds, const Schema& schema, Words& words)
 {
@@ -113,6 +125,8 @@ void add_seeds(Texts& seeds, const Schema& schema, Words& words)
     for (const auto& [what, json] : documents)
         for (const char* target : {"documents/", "checks/document_"})
             seeds[target + word + what] = driver + json.dump();
+    seeds["appliances/settings_" + word] = appliance_of(schema, "settings", settings).dump();
+    seeds["appliances/document_" + word] = appliance_of(schema, "document", document).dump();
     seeds["checks/settings_" + word] = driver + lines;
     seeds["checks/manifest_" + word] = driver + manifest;
     seeds["manifests/" + word] = manifest;
@@ -129,6 +143,8 @@ Texts fuzz_seeds()
     Words words;
     for (const Schema& schema : SCHEMAS)
         add_seeds(seeds, schema, words);
+    seeds["appliances/lines"] =
+        R"({"outputs": {"a": {"settings": {"k": ["1", "", "2"], "l": null, "\u006d": ""}}}, "inputs": []})";
     seeds["server/report"] = packet_of("report", packet::FLAG_REQUEST, {});
     seeds["server/set"] = packet_of("set", packet::FLAG_REQUEST, {{"title", "text"}});
     words.erase("");

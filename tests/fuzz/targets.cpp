@@ -22,6 +22,7 @@
 #include "schema/schemas.hpp"
 #include "zelm_driver/item_socket.hpp"
 #include "zelm_driver/server.hpp"
+#include "zelmctl/appliance/appliance_file.hpp"
 #include "zelmctl/check/check_document.hpp"
 #include "zelmctl/check/check_manifest.hpp"
 #include "zelmctl/check/check_settings.hpp"
@@ -122,6 +123,27 @@ private:
 };
 
 }  // namespace
+
+// What is without a finding can be stored: each line of it is read back as it is meant.
+void fuzz_appliances(std::string_view bytes)
+{
+    Findings findings, unknown;
+    const WantedAppliance wanted = read_appliance(std::string(bytes), findings, unknown);
+    for (const Finding& finding : findings.all())
+        require(as_line("f", finding).ends_with('\n'));
+    if (!findings.all().empty())
+        return;
+    for (const WantedItem& item : wanted.items) {
+        SettingChanges changes;
+        for (const auto& [key, value] : item.settings)
+            changes.push_back({std::string(key), value ? std::optional<std::string>(*value) : std::nullopt});
+        const std::string text = rewritten("", changes, Lines::WHOLE);
+        InfoList list;
+        load_infolist_from_file(list, ROLES[0], nameless_file(text).get());
+        for (const auto& [key, value] : item.settings)
+            require(value ? list.find(key) && list.find(key)->value == *value : !list.find(key));
+    }
+}
 
 void fuzz_checks(std::string_view bytes)
 {

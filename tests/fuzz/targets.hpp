@@ -7,8 +7,9 @@
 #include <string_view>
 
 // Of those that know drivers, the first byte tells which one.
-void fuzz_checks(std::string_view bytes);     // a document, settings or a manifest, for the checker
-void fuzz_documents(std::string_view bytes);  // JSON documents, there and back
+void fuzz_appliances(std::string_view bytes);  // the appliance as one file
+void fuzz_checks(std::string_view bytes);      // a document, settings or a manifest, for the checker
+void fuzz_documents(std::string_view bytes);   // JSON documents, there and back
 void fuzz_manifests(std::string_view bytes);
 void fuzz_metadata(std::string_view bytes);
 void fuzz_packets(std::string_view bytes);   // an item's reply
@@ -21,6 +22,7 @@ inline constexpr struct {
     const char* name;
     void (*parse)(std::string_view bytes);
 } FUZZ_TARGETS[] = {
+    {"appliances", fuzz_appliances},
     {"checks", fuzz_checks},
     {"documents", fuzz_documents},
     {"manifests", fuzz_manifests},

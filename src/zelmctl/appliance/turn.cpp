@@ -4,17 +4,26 @@
 #include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <unistd.h>
 
 #include "zelmctl/options.hpp"
 
 namespace {
 
-// Is there whatever items there are, belongs to root, and may be opened by everybody.
+// Both are there whatever items there are, and are no neighbour's to put there. Whoever may open the place
+// can keep others waiting for ever, so that root has one of its own.
 constexpr char PLACE[] = "/run";
+constexpr char PLACE_OF_ROOT[] = "/run/zelmctl.lock";
+
+int open_place()
+{
+    return ::geteuid() == 0 ? ::open(PLACE_OF_ROOT, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600)
+                            : ::open(PLACE, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
 
 }  // namespace
 
-Turn::Turn() : m_place(::open(PLACE, O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+Turn::Turn() : m_place(open_place())
 {
     if (m_place && ::flock(m_place.get(), LOCK_EX | LOCK_NB) == 0)
         return;
@@ -23,7 +32,7 @@ Turn::Turn() : m_place(::open(PLACE, O_RDONLY | O_DIRECTORY | O_CLOEXEC))
         if (lock_exclusively(m_place.get()) == 0)
             return;
     }
-    complain(std::string(PLACE) + ": " + std::strerror(errno));
+    complain("no turn can be had: " + std::string(std::strerror(errno)));
     m_place.reset();
 }
 

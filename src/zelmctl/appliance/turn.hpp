@@ -5,7 +5,7 @@
 
 class Turn {
 public:
-    // Waits until no other run has the turn, which is said on standard error. False in a test, which has been
+    // Waits until no other run of root, or of those who are not root, has the turn, which is said on standard error. False in a test, which has been
     // said, when it can't be had.
     Turn();
 
