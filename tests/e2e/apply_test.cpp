@@ -131,6 +131,9 @@ TEST_F(Apply, RefusesWhatTheApplianceCannotBecome)
     refused(R"({"inputs": {"i": {"type": "trigger-rs232"}, "j": {"settings": {}}}})",
         FILE_NAME + ": inputs.i.type: the input is of the type \"video-passthru\", which nothing changes\n" +
             FILE_NAME + ": inputs.j.type: is missing, and there is no such input yet\n");
+    refused(R"({"inputs": {"i": {"driver": "trigger_rs232"}}})",
+        FILE_NAME +
+            ": inputs.i.driver: the input is of the type \"video-passthru\", whose driver is another\n");
     refused(R"({"outputs": {"a": {"supervised": false}, "b": {}}})",
         FILE_NAME + ": outputs.a.supervised: false, and the item's \"autorestart\" has it supervised\n");
     refused(R"({"outputs": {"d": {}}})", "zelmctl: output/d: Is a directory\n");

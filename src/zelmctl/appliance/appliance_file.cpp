@@ -128,7 +128,6 @@ private:
         const Json& json;
         WantedItem& item;
         std::string path;
-        std::optional<std::string_view> driver{};  // its word, where the file tells
     };
 
     void say(const std::string& path, std::string text) { m_findings.add_of_member(path, std::move(text)); }
@@ -278,16 +277,16 @@ private:
             say(reading.path + ".driver",
                 "an input of that type has the driver " + in_quotes(reading.item.type->driver));
         if (is_channel)
-            reading.driver = "channel";
+            reading.item.driver = "channel";
         else if (driver)
-            reading.driver = driver;
+            reading.item.driver = driver;
         else if (reading.item.type)
-            reading.driver = reading.item.type->driver;
+            reading.item.driver = reading.item.type->driver;
         else if (is_set)
-            reading.driver = set->second;
+            reading.item.driver = set->second;
         else if (of_document.is_string())
-            reading.driver = of_document.string_value();
-        check_driver(reading, is_channel ? driver : reading.driver);
+            reading.item.driver = of_document.string_value();
+        check_driver(reading, is_channel ? driver : reading.item.driver);
         if (driver && role.driver_source == DriverSource::DRIVER_LINE)
             reading.item.settings["driver"] = driver;
     }
@@ -306,14 +305,14 @@ private:
     void read_document(Reading& reading)
     {
         const std::string path = reading.path + ".document";
-        if (!reading.driver)
+        if (!reading.item.driver)
             return say(path, "whose is it? \"driver\" is missing");
-        const Schema* const schema = find_schema(*reading.driver, reading.item.id.role->kind);
+        const Schema* const schema = find_schema(*reading.item.driver, reading.item.id.role->kind);
         if (!schema)
-            return say(path, "the driver " + in_quotes(*reading.driver) + " has no document");
+            return say(path, "the driver " + in_quotes(*reading.item.driver) + " has no document");
         const std::string text = reading.json["document"].dump();
         Findings of_document;
-        const std::string driver(*reading.driver);
+        const std::string driver(*reading.item.driver);
         check_document(driver, text, of_document);
         for (const Finding& finding : of_document.all())
             say(finding.member.empty() ? path : path + "." + finding.member, finding.text);
@@ -333,7 +332,8 @@ private:
 
     void tell_unknown_keys(const Reading& reading)
     {
-        const Schema* const schema = find_schema(reading.driver.value_or(""), reading.item.id.role->kind);
+        const Schema* const schema =
+            find_schema(reading.item.driver.value_or(""), reading.item.id.role->kind);
         if (!schema)
             return;
         KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;

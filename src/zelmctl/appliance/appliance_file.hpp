@@ -17,7 +17,8 @@ constexpr std::int64_t APPLIANCE_LIMIT = std::int64_t{64} << 20;  // the bytes o
 
 struct WantedItem {
     ItemId id;
-    const InputType* type = nullptr;  // where one is named
+    const InputType* type = nullptr;           // where one is named
+    std::optional<std::string_view> driver{};  // its word, where the file tells it
     // By their keys, several lines joined with a line feed; none for one that is to go.
     std::map<std::string_view, std::optional<std::string_view>> settings{};
     std::optional<bool> runs{};

@@ -50,8 +50,6 @@ public:
     }
 
 private:
-    const Role& role() const { return *m_wanted.id.role; }
-
     std::optional<std::string_view> stored(std::string_view key) const
     {
         if (!m_stored)
@@ -69,14 +67,17 @@ private:
 
     void check_type()
     {
-        if (role().kind != ItemKind::INPUT)
+        if (m_wanted.id.role->kind != ItemKind::INPUT)
             return;
-        if (!m_stored && !m_wanted.type)
+        const InputType* const type = m_stored ? m_stored->type : m_wanted.type;
+        const std::string is = type ? "the input is of the type " + in_quotes(type->marker)
+                                    : std::string("the input has no known type");
+        if (!m_stored && !type)
             say("type", "is missing, and there is no such input yet");
-        else if (m_stored && m_wanted.type && m_stored->type != m_wanted.type)
-            say("type", (m_stored->type ? "the input is of the type " + in_quotes(m_stored->type->marker)
-                                        : std::string("the input has no known type")) +
-                            ", which nothing changes");
+        else if (m_wanted.type && m_wanted.type != type)
+            say("type", is + ", which nothing changes");
+        else if (m_wanted.driver && type && *m_wanted.driver != type->driver)
+            say("driver", is + ", whose driver is another");
     }
 
     void change(std::string_view key, std::optional<std::string_view> to)

@@ -5,8 +5,8 @@
 
 class Turn {
 public:
-    // Waits until no other run of root, or of those who are not root, has the turn, which is said on standard error. False in a test, which has been
-    // said, when it can't be had.
+    // Waits until no other run of root, or of those who are not root, has the turn, which is said on standard
+    // error. False in a test, which has been said, when it can't be had.
     Turn();
 
     // Children that still end don't keep it.

@@ -1,6 +1,7 @@
 #include "zelmctl/check/check_document.hpp"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "schema/codings.hpp"
@@ -44,11 +45,25 @@ Json document_with(const std::string& path, Json value)
     return value;
 }
 
+// What is known of a schema's documents, and looked up once.
+struct KnownDocument {
+    explicit KnownDocument(const Schema& schema) : shape(shape_of(schema)), names(names_in(shape)) {}
+
+    Shape shape;
+    std::vector<KnownName> names;
+};
+
+const KnownDocument& known_document(const Schema& schema)
+{
+    static std::map<const Schema*, KnownDocument> known;
+    return known.try_emplace(&schema, schema).first->second;
+}
+
 class DocumentCheck {
 public:
     DocumentCheck(const Schema& schema, Findings& findings)
-        : m_kind(schema.kind), m_driver(schema.driver), m_shape(shape_of(schema)), m_names(names_in(m_shape)),
-          m_findings(findings)
+        : m_kind(schema.kind), m_driver(schema.driver), m_shape(known_document(schema).shape),
+          m_names(known_document(schema).names), m_findings(findings)
     {
     }
 
@@ -233,8 +248,8 @@ private:
 
     ItemKind m_kind;
     std::string m_driver;
-    Shape m_shape;
-    std::vector<KnownName> m_names;
+    const Shape& m_shape;
+    const std::vector<KnownName>& m_names;
     Findings& m_findings;
     std::vector<Member> m_members;
     std::set<std::string, std::less<>> m_keys;  // whose members have been looked at
