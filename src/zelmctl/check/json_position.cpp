@@ -31,8 +31,9 @@ TextPosition position_of_fault(std::string text)
     // What no JSON holds gives a text that ends too early its fault at a place, too.
     text += '\1';
     const std::string fault = fault_of(text);
-    std::size_t too_short = 0;
     std::size_t reaches = text.size();
+    // Mostly it is a text that ends too early, of which a large one is soon told so.
+    std::size_t too_short = fault_of(text.substr(0, reaches - 1)) == fault ? 0 : reaches - 1;
     while (reaches - too_short > 1) {
         const std::size_t middle = too_short + (reaches - too_short) / 2;
         (fault_of(text.substr(0, middle)) == fault ? reaches : too_short) = middle;
