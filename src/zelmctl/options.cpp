@@ -106,7 +106,7 @@ std::string fault_of_items(const Subcommand& subcommand, Options& options)
     if (subcommand.items == Items::BEHIND_A_STATE && options.state.empty())
         return "a state is missing: running, stopped or answering";
     if (subcommand.items == Items::WORDS)
-        return options.words.empty() ? "what it is about is missing" : "";
+        return options.words.empty() ? "an argument is missing" : "";
     if (!options.items.is_empty())
         return {};
     if (subcommand.items == Items::NAMED || subcommand.items == Items::BEHIND_A_STATE)

@@ -112,7 +112,7 @@ TEST_F(Apply, RefusesAFileThatCannotBeAndChangesNothing)
         {"truncate -s 67108865 /run/large; zelmctl plan /run/large", 2, "",
             "zelmctl: /run/large: File too large\n"},
         {"zelmctl apply /run", 2, "", "zelmctl: /run: Is a directory\n"},
-        {"zelmctl apply", 2, "", "zelmctl: apply: what it is about is missing; see zelmctl apply --help\n"},
+        {"zelmctl apply", 2, "", "zelmctl: apply: an argument is missing; see zelmctl apply --help\n"},
         {"zelmctl plan a b", 2, "", "zelmctl: unknown word b behind the file\n"},
     });
     EXPECT_EQ(tree(), before);
