@@ -279,6 +279,18 @@ TEST_F(Apply, GoesOnWithOtherItemsWhenOneFails)
             "zelmctl: output/a: stop: still running after 1 s\nzelmctl: output/a: delete: not tried\n"
             "zelmctl: router/r: start: ended at once, status 3\n"},
         {"zelmctl apply --json " + FILE_NAME, 1, "{\"changed\": false, " + start + "}\n", ""},
+        {"zelm_outctl -c set -o b --set driver=alsa", 0, "", ""},
+    });
+    if (HeldRun::is_possible())
+        expect_all(
+            {{"ASAN_OPTIONS=detect_leaks=0 strace -qq -o /dev/null --inject=renameat2:error=EIO zelmctl apply " +
+                    FILE_NAME + " 2>&1 | grep -v router",
+                0,
+                "zelmctl: output/b: driver \"alsa\" -> \"x11\": Unable to replace " + OUTPUTS +
+                    "b, Input/output error\nzelmctl: output/b: restart, its driver changes: "
+                    "it runs anew with its old settings\n",
+                ""}});
+    expect_all({
         {"rm /usr/bin/zelm_ends; zelmctl plan " + FILE_NAME, 2, "",
             FILE_NAME + ": routers.r.driver: no router has the driver \"ends\"\n"},
     });

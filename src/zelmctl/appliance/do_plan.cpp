@@ -110,7 +110,7 @@ private:
     // The items of a kind follow each other.
     void change(std::vector<PlannedItem*> items)
     {
-        std::erase_if(items, [](const PlannedItem* item) { return has_failed(*item); });
+        std::erase_if(items, [](const PlannedItem* item) { return is_left(*item); });
         for (auto begin = items.begin(); begin != items.end();) {
             const Role* const role = (*begin)->id.role;
             const auto end = std::find_if(
@@ -123,7 +123,6 @@ private:
     // Their directory is flushed once, before they are told of.
     void change_of_role(const Role& role, std::span<PlannedItem* const> items)
     {
-        CommandWords words;
         std::vector<std::string> names;
         for (const PlannedItem* item : items)
             names.push_back(item->id.name);
@@ -133,8 +132,6 @@ private:
         flush_items_or_complain(open_item_directory(role.directory, O_PATH).get());
         for (PlannedItem* item : items)
             tell_changes(*item);
-        if (const std::string said = words.end(); !said.empty())
-            complain(said);
     }
 
     static void change_item(PlannedItem& item)
@@ -157,8 +154,8 @@ private:
     {
         for (const Step& step : item.changes)
             m_tell(item, step);
-        if (has_failed(item))
-            give_up(item);
+        if (have_changes_failed(item) && !item.is_started_anew())
+            leave_rest(item);
     }
 
     static bool do_changes(const PlannedItem& item, std::string& error)
@@ -194,7 +191,7 @@ private:
         std::map<ItemId, PlannedItem*> meant;
         std::vector<ActedItem> items;
         for (PlannedItem& item : m_plan)
-            if ((item.*is_meant)() && !has_failed(item)) {
+            if ((item.*is_meant)() && !is_left(item)) {
                 meant[item.id] = &item;
                 items.push_back({item.id, item.supervised});
             }
@@ -209,27 +206,31 @@ private:
             take_outcome(*item, what, {Outcome::Result::REFUSED, TROUBLE, 0, {}, fault});
     }
 
-    // What is stopped only to be started anew is told of when it has been.
+    // What is stopped only to be started anew is told of when it has been: with its old settings, rather than
+    // not at all, where the new ones could not be stored.
     void take_outcome(PlannedItem& item, Act what, const Outcome& outcome)
     {
         const bool is_last = what == Act::UP || !item.is_started();
-        item.act->is_done = is_last && outcome.status == IS_SO;
         if (outcome.status != IS_SO)
             item.act->error = text_of(outcome, m_timeout_us);
-        if (is_last || has_failed(item))
+        else if (is_last && item.is_started_anew() && have_changes_failed(item))
+            item.act->error = "it runs anew with its old settings";
+        item.act->is_done = is_last && item.act->error.empty();
+        if (is_last || is_left(item))
             m_tell(item, *item.act);
-        if (has_failed(item))
-            give_up(item);
+        if (is_left(item))
+            leave_rest(item);
     }
 
-    static bool has_failed(const PlannedItem& item)
+    static bool have_changes_failed(const PlannedItem& item)
     {
-        return (item.act && !item.act->error.empty()) ||
-               (!item.changes.empty() && !item.changes.front().error.empty());
+        return !item.changes.empty() && !item.changes.front().error.empty();
     }
+
+    static bool is_left(const PlannedItem& item) { return item.act && !item.act->error.empty(); }
 
     // Of an item of which something failed the rest isn't tried.
-    void give_up(PlannedItem& item)
+    void leave_rest(PlannedItem& item)
     {
         const auto leave = [&](Step& step) {
             if (step.is_done || !step.error.empty())

@@ -35,6 +35,7 @@ struct PlannedItem {
     bool is_deleted() const { return !changes.empty() && changes.front().what == Step::Do::DELETE; }
     bool is_stopped() const { return act && act->what != Step::Do::START; }  // before it changes
     bool is_started() const { return act && act->what != Step::Do::STOP; }   // behind that
+    bool is_started_anew() const { return is_stopped() && is_started(); }
 };
 
 // The items that have steps.
