@@ -280,6 +280,10 @@ TEST_F(Apply, GoesOnWithOtherItemsWhenOneFails)
             "zelmctl: router/r: start: ended at once, status 3\n"},
         {"zelmctl apply --json " + FILE_NAME, 1, "{\"changed\": false, " + start + "}\n", ""},
         {"zelm_outctl -c set -o b --set driver=alsa", 0, "", ""},
+        {"echo '{\"outputs\": {\"c\": {}, \"d\": {}}}' | zelmctl apply - >/dev/full", 2, "",
+            "zelmctl: No space left on device\n"},
+        {"echo '{\"outputs\": {\"e\": {}, \"f\": {}}}' | zelmctl apply - 2>/dev/null | :", 0, "", ""},
+        {"ls " + OUTPUTS, 0, "a\nb\nc\nd\ne\nf\n", ""},
     });
     if (HeldRun::is_possible())
         expect_all(

@@ -1,6 +1,8 @@
 #include "zelmctl/appliance/apply.hpp"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "zelmctl/appliance/do_plan.hpp"
 #include "zelmctl/appliance/turn.hpp"
@@ -84,12 +86,13 @@ Status print_plan(const Options& options)
     return plan.empty() ? IS_SO : IS_NOT_SO;
 }
 
-void tell(const PlannedItem& item, const Step& step)
+// What couldn't be written sets the error.
+void tell(const PlannedItem& item, const Step& step, int& error)
 {
     if (!step.is_done)
         std::fprintf(stderr, "zelmctl: %s: %s\n", line_of(item, step).c_str(), printable(step.error).c_str());
-    else if (std::puts(line_of(item, step).c_str()) >= 0)
-        std::fflush(stdout);
+    else if (std::puts(line_of(item, step).c_str()) < 0 || std::fflush(stdout) != 0)
+        error = errno;
 }
 
 Json outcome_of(const PlannedItem& item, const Step& step)
@@ -108,13 +111,15 @@ Status apply(const Options& options)
     if (!turn || plan_of(options, plan) != IS_SO || !may_do(plan))
         return TROUBLE;
     Status status = IS_SO;
+    int error = 0;
     do_plan(plan, options.timeout_us, [&](const PlannedItem& item, const Step& step) {
         status = step.is_done ? status : IS_NOT_SO;
         if (!options.json)
-            tell(item, step);
+            tell(item, step, error);
     });
+    std::clearerr(stdout);
     if (!options.json)
-        return status;
+        return error == 0 ? status : complain(std::strerror(error));
     Json::array steps;
     bool changes = false;
     for (const auto& [item, step] : steps_of(plan)) {
