@@ -93,13 +93,13 @@ std::string packet_of(const char* command, std::uint8_t flags, const Texts& entr
 // The appliance with one item, by its settings or by a document.
 Json appliance_of(const Schema& schema, const char* member, const Json& value)
 {
-    constexpr const char* KINDS[] = {"channels", "outputs", "inputs", "routers"};
+    constexpr const char* MEMBERS[] = {"channels", "outputs", "inputs", "routers"};
     Json::object item{
         {member, value}, {"driver", std::string(schema.driver)}, {"state", "running"}, {"supervised", true}};
     for (const InputType& type : INPUT_TYPES)
         if (schema.driver == type.driver)
             item["type"] = type.marker;
-    return Json::object{{KINDS[static_cast<int>(schema.kind) - 1], Json::object{{"channel1", item}}}};
+    return Json::object{{MEMBERS[static_cast<int>(schema.kind) - 1], Json::object{{"channel1", item}}}};
 }
 
 // In each of the targets that know drivers, the first byte of an input tells which it is of.
