@@ -1,9 +1,7 @@
 #!/usr/bin/python3
-"""The Ansible module behind fleet.yml."""
+"""The Ansible module behind fleet.yml: an item as "zelmctl plan" and "zelmctl apply" take it."""
 
-import os
-import re
-import time
+import json
 
 from ansible.module_utils.basic import AnsibleModule
 
@@ -11,7 +9,7 @@ DOCUMENTATION = r"""
 module: zelm_item
 short_description: Creates, configures, starts, stops and deletes an item of a playout appliance
 description:
-  - Changes what differs from what is wanted, and nothing else. Check mode tells what would be done.
+  - Does what C(zelmctl plan) says of the item, by C(zelmctl apply), and nothing else. Check mode stops behind the plan.
 options:
   kind:
     description: What the item is.
@@ -23,22 +21,31 @@ options:
     type: str
     required: true
   type:
-    description: The type of an input. Needed to create one, and never changed.
+    description: The type of an input. Needed to create one; another one than it has is a failure.
+    type: str
+  driver:
+    description: The driver of an output or router, also for its document.
     type: str
   settings:
     description:
-      - Keys and values as the settings file holds them. An empty value or none removes the key. Keys that are not
-        named stay.
+      - Keys and values as the settings file holds them. An empty value or none removes the key.
       - A value of several lines is a text of several lines. Line feeds at its ends are not stored.
       - Yes and no, in all the forms in which YAML has them, are 1 and 0.
-      - While the item runs, its driver may report a key in another form than it was set, and that form counts.
-      - An item that runs is stopped before its driver or a value of several lines is changed, and started again.
     type: dict
-    default: {}
+  document:
+    description: Members of the driver's document. It may not set what stands in the settings.
+    type: dict
+  exact:
+    description: Whether settings that are not named go.
+    type: bool
+    default: false
   state:
     description: Whether the item runs, or is not there at all. Nothing is started or stopped without it.
     choices: [running, stopped, absent]
     type: str
+  supervised:
+    description: Whether the respawn manager looks after it when it runs.
+    type: bool
   timeout:
     description: Seconds within which the item has to start or stop.
     type: int
@@ -46,115 +53,64 @@ options:
 """
 
 TOOLS = {"channel": "zelm_chctl", "output": "zelm_outctl", "input": "zelm_inctl", "router": "zelm_routectl"}
-DIRECTORIES = {"channel": "rendermgr", "output": "outputs", "input": "inputs", "router": "routing"}
+
+
+def stored(value):
+    """The value of a setting as the file of an appliance has it."""
+    text = "" if value is None else str(int(value) if isinstance(value, bool) else value).strip("\n")
+    return text.split("\n") if "\n" in text else text or None
 
 
 class Item:
     def __init__(self, module):
         self.module = module
         self.wanted = module.params
-        self.done = []
+        self.word = f"{self.wanted['kind']}/{self.wanted['name']}"
 
-    def tool(self, command, *arguments):
-        return self.module.run_command(
-            [TOOLS[self.wanted["kind"]], "-c", command, "-o", self.wanted["name"], *arguments])
+    def run(self, *command, fails_above=0, **stream):
+        status, output, errors = self.module.run_command(list(command), **stream)
+        if status > fails_above:
+            self.module.fail_json(msg=f"{self.word}: {errors or output}".rstrip(), changed=False, steps=[])
+        return status, output, errors
 
-    def change(self, command, *arguments, verify=lambda: None):
-        """What the tool said. A set that says anything has failed, as its status is always 0. The others may warn."""
-        said = ""
-        if not self.module.check_mode:
-            status, output, errors = self.tool(command, *arguments)
-            said = output + errors
-            if status != 0 or (errors and command == "set"):
-                self.fail(f"{command} ended with {status}: {said}")
-            verify()
-        self.done.append(command)
-        return said
+    def is_there(self):
+        return self.run("zelmctl", "save", self.word, fails_above=1)[0] == 0
 
-    def settings(self):
-        """What a listing shows, or None if there is no such item."""
-        lines = self.tool("list", "--no-manifest")[1].split("\n")
-        pairs = [line.split("\t", 2)[2].partition("=") for line in lines if line.startswith("\t")]
-        found = {}
-        for key, _, value in pairs:
-            found[key] = f"{found[key]}\n{value}" if key in found else value
-        return found if len(lines) > 1 else None
+    def file(self):
+        """What is wanted of the item; of one that goes, that it has stopped before."""
+        if self.wanted["state"] == "absent":
+            item = {"state": "stopped"}
+        else:
+            item = {name: self.wanted[name] for name in ("type", "driver", "document", "state", "supervised")
+                    if self.wanted[name] is not None}
+            item["settings"] = {key: stored(value) for key, value in (self.wanted["settings"] or {}).items()}
+        return json.dumps({self.wanted["kind"] + "s": {self.wanted["name"]: item}})
 
-    def runs(self):
-        return self.tool("status")[0] == 0
-
-    def move(self, command, *arguments):
-        """Starts or stops the item, which neither command waits for to the end."""
-        said = self.change(command, *arguments)
-        if "Unable to identify driver" in said and command == "start":
-            self.fail(f"there is nothing to start: {said}")
-        deadline = time.monotonic() + self.wanted["timeout"]
-        while not self.module.check_mode and self.runs() != (command == "start"):
-            if time.monotonic() > deadline:
-                self.fail(f"{command} has had no effect after {self.wanted['timeout']} seconds. {said}")
-            time.sleep(0.1)
-
-    def stop(self):
-        self.move("stop", "--timeout", str(self.wanted["timeout"]))
-
-    def set(self, settings):
-        pairs = [f"{key}={line}" for key, value in settings.items() for line in value.split("\n")]
-        if pairs:
-            self.change("set", *(word for pair in pairs for word in ("--set", pair)),
-                        verify=lambda: self.read_back(settings))
-
-    def read_back(self, settings):
-        """From the file: a listing shows what the driver of a running item reports in the place of a setting."""
-        path = os.path.join("/mnt/main/tv", DIRECTORIES[self.wanted["kind"]], self.wanted["name"])
-        try:
-            with open(path, "rb") as file:
-                lines = file.read().split(b"\n")
-        except OSError as error:
-            self.fail(f"it can't be told what set has done: {error}")
-        for key, value in settings.items():
-            stored = [line for line in lines if line.startswith(os.fsencode(f"{key}="))]
-            wanted = [os.fsencode(f"{key}={line}") for line in value.split("\n")] if value else []
-            if not set(wanted) <= set(stored) or (stored and not wanted):
-                self.fail(f"set has had no effect on {key!r}")
-
-    def fail(self, why):
-        self.module.fail_json(msg=f"{self.wanted['kind']} {self.wanted['name']}: {why}".rstrip(),
-                              changed=bool(self.done), done=self.done)
+    def told(self, subcommand, *switches):
+        """The answer to plan or apply, whose status 1 is told by the answer itself."""
+        if self.wanted["exact"]:
+            switches += ("--exact",)
+        _, output, errors = self.run("zelmctl", subcommand, "--json", *switches, "-", data=self.file(), fails_above=1)
+        for line in errors.splitlines():
+            self.module.warn(f"{self.word}: {line}")
+        return json.loads(output)
 
 
-def as_text(value):
-    return "" if value is None else str(int(value) if isinstance(value, bool) else value).strip("\n")
-
-
-def remove(item):
-    found = item.settings() is not None
-    if found and item.runs():
-        item.stop()
-    if found:
-        item.change("delete")
-    return {"before": {"state": "present" if found else "absent"}, "after": {"state": "absent"}}
-
-
-def bring_about(item, wanted):
-    """Does what is missing, and says what was found and what is there instead."""
-    found = item.settings()
-    runs = item.runs()
-    before = "absent" if found is None else "running" if runs else "stopped"
-    if found is None:
-        item.change("create", *(["--type", wanted["type"]] if wanted["type"] else []))
-        found = {}
-    settings = {key: as_text(value) for key, value in wanted["settings"].items()}
-    differing = {key: value for key, value in settings.items() if value != found.get(key, "")}
-    long = {key: value for key, value in differing.items() if "\n" in value}
-    if runs and (wanted["state"] == "stopped" or "driver" in differing or long):
-        item.stop()
-    item.set(differing)
-    item.set(long)  # again: a file that held no settings took them for values of one line
-    after = wanted["state"] or ("running" if runs else "stopped")
-    if after == "running" and (not runs or "stop" in item.done):
-        item.move("start")
-    return {"before": {"state": before, "settings": {key: found.get(key, "") for key in differing}},
-            "after": {"state": after, "settings": differing}}
+def bring_about(item):
+    """The steps, in check mode those that would be done."""
+    goes = item.wanted["state"] == "absent"
+    if goes and not item.is_there():
+        return []
+    steps = item.told("plan")["steps"]
+    deletion = [{"item": item.word, "do": "delete"}] if goes else []
+    if item.module.check_mode or not steps + deletion:
+        return steps + deletion
+    if steps:
+        steps = item.told("apply", "--timeout", str(item.wanted["timeout"]))["steps"]
+    if goes and all(step["done"] for step in steps):
+        item.run(TOOLS[item.wanted["kind"]], "-c", "delete", "-o", item.wanted["name"])
+        steps += deletion
+    return steps
 
 
 def main():
@@ -162,18 +118,22 @@ def main():
         "kind": {"choices": list(TOOLS), "required": True},
         "name": {"required": True},
         "type": {},
-        "settings": {"type": "dict", "default": {}},
+        "driver": {},
+        "settings": {"type": "dict"},
+        "document": {"type": "dict"},
+        "exact": {"type": "bool", "default": False},
         "state": {"choices": ["running", "stopped", "absent"]},
+        "supervised": {"type": "bool"},
         "timeout": {"type": "int", "default": 30},
     })
     item = Item(module)
-    if module.params["name"] in ("all", "autostart"):
-        item.fail("that name stands for many items")
-    for key in module.params["settings"]:
-        if not re.fullmatch(r"[^-+&#=\n][^=\n]*", key):
-            item.fail(f"{key!r} is no key of a setting")
-    difference = remove(item) if module.params["state"] == "absent" else bring_about(item, module.params)
-    module.exit_json(changed=bool(item.done), done=item.done, diff=difference)
+    steps = bring_about(item)
+    changed = any(step.get("done", True) for step in steps)
+    errors = [f"{step['do']}: {step['error']}" for step in steps if "error" in step]
+    if errors:
+        module.fail_json(msg=f"{item.word}: {', '.join(errors)}", changed=changed, steps=steps)
+    difference = "".join(json.dumps(step, ensure_ascii=False) + "\n" for step in steps)
+    module.exit_json(changed=changed, steps=steps, diff={"prepared": difference})
 
 
 if __name__ == "__main__":
