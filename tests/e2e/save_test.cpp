@@ -7,7 +7,7 @@ class SavedAppliance : public Appliance {};
 
 TEST_F(SavedAppliance, IsTheSameToTheByteWhenItIsAppliedElsewhereAndSaved)
 {
-    EXPECT_EQ(output_of("/usr/bin/python3 " TESTS "/e2e/saved_appliances.py"), "");
+    EXPECT_EQ(output_of("/usr/bin/python3 -B " TESTS "/e2e/saved_appliances.py ${ZELMCTL_LONG:-100}"), "");
 }
 
 TEST_F(SavedAppliance, HasTheOthersWhereANamedItemIsMissing)
