@@ -189,9 +189,9 @@ void keep_named(std::vector<Member>& members, const std::string& name)
 Status explain_driver(const Schema& schema, const Options& options)
 {
     const std::string driver(schema.driver);
-    const Shape shape = shape_of(schema);
+    const KnownDocument& document = known_document(schema);
     std::vector<Member> members;
-    add_members(members, shape, document_schema(schema), {});
+    add_members(members, document.shape, document_schema(schema), {});
     for (Member& member : members)
         member.needs_restart = member.key == "driver" && schema.kind != ItemKind::INPUT;
     const bool is_whole = options.words.size() == 1;
@@ -200,7 +200,7 @@ Status explain_driver(const Schema& schema, const Options& options)
     if (members.empty()) {
         const std::string& name = options.words[1];
         return complain("the driver " + driver + " has no " + in_quotes(name) +
-                        suggestion(name.substr(name.rfind('.') + 1), name, names_in(shape)));
+                        suggestion(name.substr(name.rfind('.') + 1), name, document.names));
     }
     if (options.json)
         print_json(driver, members);

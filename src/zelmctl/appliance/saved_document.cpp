@@ -30,7 +30,7 @@ void add_set_members(std::vector<SetMember>& members, const Shape& shape, const 
 class DocumentToSave {
 public:
     DocumentToSave(const Schema& schema, const FlatSettings& settings)
-        : m_driver(schema.driver), m_shape(shape_of(schema))
+        : m_driver(schema.driver), m_shape(known_document(schema).shape)
     {
         add_set_members(m_members, m_shape, {});
         for (const SetMember& member : m_members)
@@ -121,7 +121,7 @@ private:
     }
 
     std::string m_driver;
-    Shape m_shape;
+    const Shape& m_shape;
     std::vector<SetMember> m_members;
     FlatSettings m_said;
 };

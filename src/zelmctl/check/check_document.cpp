@@ -1,7 +1,6 @@
 #include "zelmctl/check/check_document.hpp"
 
 #include <algorithm>
-#include <map>
 #include <set>
 
 #include "schema/codings.hpp"
@@ -43,20 +42,6 @@ Json document_with(const std::string& path, Json value)
         }
     }
     return value;
-}
-
-// What is known of a schema's documents, and looked up once.
-struct KnownDocument {
-    explicit KnownDocument(const Schema& schema) : shape(shape_of(schema)), names(names_in(shape)) {}
-
-    Shape shape;
-    std::vector<KnownName> names;
-};
-
-const KnownDocument& known_document(const Schema& schema)
-{
-    static std::map<const Schema*, KnownDocument> known;
-    return known.try_emplace(&schema, schema).first->second;
 }
 
 class DocumentCheck {

@@ -29,18 +29,6 @@ void add_names(std::vector<KnownName>& names, const Shape& shape, const std::str
     }
 }
 
-}  // namespace
-
-bool is_place(const std::string& name)
-{
-    return name.find_first_not_of("0123456789") == std::string::npos;
-}
-
-std::string joined(const std::string& path, const std::string& name)
-{
-    return (path.empty() ? path : path + ".") + (name.empty() ? "\"\"" : name);
-}
-
 Shape shape_of(const Schema& schema)
 {
     Shape top;
@@ -58,9 +46,26 @@ Shape shape_of(const Schema& schema)
     return top;
 }
 
-std::vector<KnownName> names_in(const Shape& shape)
+}  // namespace
+
+bool is_place(const std::string& name)
 {
-    std::vector<KnownName> names;
-    add_names(names, shape, {});
-    return names;
+    return name.find_first_not_of("0123456789") == std::string::npos;
+}
+
+std::string joined(const std::string& path, const std::string& name)
+{
+    return (path.empty() ? path : path + ".") + (name.empty() ? "\"\"" : name);
+}
+
+const KnownDocument& known_document(const Schema& schema)
+{
+    static std::map<const Schema*, KnownDocument> known;
+    const auto [entry, is_new] = known.try_emplace(&schema);
+    KnownDocument& document = entry->second;
+    if (is_new) {
+        document.shape = shape_of(schema);
+        add_names(document.names, document.shape, {});
+    }
+    return document;
 }

@@ -21,10 +21,13 @@ struct Shape {
     bool is_read() const { return member.row && member.is_read(); }
 };
 
-Shape shape_of(const Schema& schema);
+struct KnownDocument {
+    Shape shape;
+    std::vector<KnownName> names;  // of all that can be set, each with its path; by the flat keys, too
+};
 
-// The names of all that a document can set, each with its path; by the flat keys, too.
-std::vector<KnownName> names_in(const Shape& shape);
+// Made once for each schema.
+const KnownDocument& known_document(const Schema& schema);
 
 // The path of a member, which is its name at the top. An empty name is shown as two quotes.
 std::string joined(const std::string& path, const std::string& name);
