@@ -137,9 +137,16 @@ void print_member(const Member& member)
     print_fact("about", std::string(member.face.row->description));
 }
 
-// What is in front of the default, with blanks up to the width of the longest.
+std::string kind_of(const Member& member)
+{
+    const Marks& marks = member.marks();
+    return type_of(member.schema) + (marks.status ? " status" : marks.secret ? " secret" : "");
+}
+
+// Columns are as wide as the longest of their texts.
 void print_table(const std::vector<Member>& members)
 {
+    constexpr int KIND = 14;
     int paths = 0;
     int keys = 0;
     for (const Member& member : members) {
@@ -147,13 +154,9 @@ void print_table(const std::vector<Member>& members)
         keys = std::max(keys, static_cast<int>(member.key.size()));
     }
     for (const Member& member : members) {
-        const Marks& marks = member.marks();
-        std::printf("%-*s  %-*s  %-7s  %-6s  %s\n", paths, member.path.c_str(), keys, member.key.c_str(),
-            type_of(member.schema).c_str(),
-            marks.status   ? "status"
-            : marks.secret ? "secret"
-                           : "",
-            default_of(member.schema).c_str());
+        const std::string usual = default_of(member.schema);
+        std::printf("%-*s  %-*s  %-*s%s\n", paths, member.path.c_str(), keys, member.key.c_str(),
+            usual.empty() ? 0 : KIND, kind_of(member).c_str(), usual.empty() ? "" : ("  " + usual).c_str());
     }
 }
 
