@@ -280,6 +280,9 @@ TEST_F(Apply, GoesOnWithOtherItemsWhenOneFails)
             "zelmctl: router/r: start: ended at once, status 3\n"},
         {"zelmctl apply --json " + FILE_NAME, 1, "{\"changed\": false, " + start + "}\n", ""},
         {"zelm_outctl -c set -o b --set driver=alsa", 0, "", ""},
+        {"zelm_outctl -c set -o a --set 'sim never answer=1'; echo '{\"outputs\": {\"a\": {\"settings\": "
+         "{\"k\": \"1\", \"l\": \"2\"}}}}' | zelmctl apply --timeout 0.1 - 2>&1 | tail -n 1",
+            0, "zelmctl: output/a: l nothing -> \"2\": it is stored, and the driver could not be told\n", ""},
         {"echo '{\"outputs\": {\"c\": {}, \"d\": {}}}' | zelmctl apply - >/dev/full", 2, "",
             "zelmctl: No space left on device\n"},
         {"echo '{\"outputs\": {\"e\": {}, \"f\": {}}}' | zelmctl apply - 2>/dev/null | :", 0, "", ""},

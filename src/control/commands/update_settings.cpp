@@ -105,14 +105,15 @@ int do_set(const std::string& item, const SettingValues& settings)
         return 1;
     }
     const Descriptor directory = open_item_directory(mode_list_path, O_PATH);
-    if (update_settings_or_complain(directory.get(), item, changes_of(settings), Lines::AS_IN_A_SET, true)
+    if (update_settings_or_complain(
+            directory.get(), item, changes_of(settings), Lines::AS_IN_A_SET, NO_DEADLINE)
             .is_stored)
         flush_items_or_complain(directory.get());
     return 0;
 }
 
-SettingsUpdate update_settings_or_complain(
-    int directory, const std::string& item, const SettingChanges& changes, Lines lines, bool tells)
+SettingsUpdate update_settings_or_complain(int directory, const std::string& item,
+    const SettingChanges& changes, Lines lines, std::optional<std::uint64_t> told_by)
 {
     SettingsUpdate update;
     const std::string path = settings_path(item);
@@ -120,7 +121,7 @@ SettingsUpdate update_settings_or_complain(
     std::string metadir;
     if (!stat_settings_or_complain(path, state) || !find_metadir_or_complain(path, metadir))
         return update;
-    update.is_told = tells && send_live_update(active_socket_path(metadir), told_values(changes));
+    update.is_told = told_by && send_live_update(active_socket_path(metadir), told_values(changes), *told_by);
     const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
     make_metadir(directory, metadir_name, state);
     update.is_stored = rewrite_file(directory, item, metadir_name, changes, lines);

@@ -17,6 +17,6 @@ struct SettingsUpdate {
 };
 
 // The same for an item in the open directory of the run's role, which is not flushed. Tells a running item
-// only if it is to be told.
-SettingsUpdate update_settings_or_complain(
-    int directory, const std::string& item, const SettingChanges& changes, Lines lines, bool tells);
+// only if it is to be told by some time.
+SettingsUpdate update_settings_or_complain(int directory, const std::string& item,
+    const SettingChanges& changes, Lines lines, std::optional<std::uint64_t> told_by);

@@ -1,5 +1,6 @@
 #include "control/reports/live_update.hpp"
 
+#include <algorithm>
 #include <sys/stat.h>
 
 #include "platform/request.hpp"
@@ -20,21 +21,28 @@ CommPacket make_set(const std::string& key, const std::string& value)
     return packet;
 }
 
-// A socket that can't take the packet yet is waited for without limit. False when it never will: the item
-// has hung up, or the packet is too large.
-bool send(comm_socket_v4* connection, comm_socket_v4_packet* packet)
+// How long is waited at once.
+std::uint64_t wait_until(std::uint64_t deadline_us)
+{
+    return std::min(monotonic_clock_us() + WAIT_US, deadline_us);
+}
+
+// A socket that can't take the packet yet is waited for as long as there is time. False when it never will:
+// the item has hung up, or the packet is too large.
+bool send(comm_socket_v4* connection, comm_socket_v4_packet* packet, std::uint64_t deadline_us)
 {
     int sent = 0;
-    while ((sent = comm_socket_v4_packet_send_to_server(connection, packet)) == 0)
-        comm_socket_v4_wait_for_client_to_server_writeable(connection, monotonic_clock_us() + WAIT_US);
+    while ((sent = comm_socket_v4_packet_send_to_server(connection, packet)) == 0 &&
+           monotonic_clock_us() < deadline_us)
+        comm_socket_v4_wait_for_client_to_server_writeable(connection, wait_until(deadline_us));
     return sent > 0;
 }
 
 // What the item answers is not looked at; packets that are no answer are passed over, however many, as long
 // as there is time.
-bool wait_for_answer(comm_socket_v4* connection)
+bool wait_for_answer(comm_socket_v4* connection, std::uint64_t deadline_us)
 {
-    const std::uint64_t deadline = monotonic_clock_us() + WAIT_US;
+    const std::uint64_t deadline = wait_until(deadline_us);
     do {
         comm_socket_v4_client_from_server_readable(connection, deadline);
         const CommPacket packet(comm_socket_v4_client_get_packet_from_server(connection));
@@ -46,7 +54,8 @@ bool wait_for_answer(comm_socket_v4* connection)
 
 }  // namespace
 
-bool send_live_update(const std::string& socket_path, const SettingValues& settings)
+bool send_live_update(
+    const std::string& socket_path, const SettingValues& settings, std::uint64_t deadline_us)
 {
     struct stat state {};
     if (settings.empty() || ::stat(socket_path.c_str(), &state) != 0 || !S_ISSOCK(state.st_mode))
@@ -54,16 +63,19 @@ bool send_live_update(const std::string& socket_path, const SettingValues& setti
     const CommSocket connection(comm_socket_v4_create());
     if (!connection)
         return false;
-    comm_socket_v4_set_connect_timeout(connection.get(), WAIT_US);
-    comm_socket_v4_set_connect_timeout_routine(connection.get(), WAIT_US);
+    const std::uint64_t now = monotonic_clock_us();
+    const auto wait_us = static_cast<std::int64_t>(wait_until(std::max(deadline_us, now + 1)) - now);
+    comm_socket_v4_set_connect_timeout(connection.get(), wait_us);
+    comm_socket_v4_set_connect_timeout_routine(connection.get(), wait_us);
     if (comm_socket_v4_connect_to(connection.get(), socket_path.c_str()) != 0)
         return false;
     bool is_answered = true;
     for (const auto& [key, value] : settings) {
         const CommPacket packet = make_set(key, value);
-        if (!packet)
+        if (!packet || monotonic_clock_us() >= deadline_us)
             return false;
-        is_answered &= send(connection.get(), packet.get()) && wait_for_answer(connection.get());
+        is_answered &= send(connection.get(), packet.get(), deadline_us) &&
+                       wait_for_answer(connection.get(), deadline_us);
     }
     return is_answered;
 }

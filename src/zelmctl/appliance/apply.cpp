@@ -32,7 +32,8 @@ Brings the appliance to what the file says, and says each step when it is done. 
   --exact      settings that an item of the file doesn't name go
   --json       print one JSON object at the end instead of a line a step
   --prune      items that the file doesn't name are stopped and go, of the kinds that it names
-  --timeout S  wait so many seconds at most for what is stopped, and for what is started, 15 unless told
+  --timeout S  wait so many seconds at most for what drivers are told, as many for what is stopped, and as many for
+               what is started, 15 unless told
 
 Exit status: 0 all is as the file says, 1 not all, 2 trouble, and nothing has changed.
 )";

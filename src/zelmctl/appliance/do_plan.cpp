@@ -91,10 +91,13 @@ private:
     std::FILE* m_stream;
 };
 
+// Those behind drivers that hang are told all the same.
+constexpr std::uint64_t SHORTEST_TELLING_US = 1'000'000;
+
 class Execution {
 public:
     Execution(Plan& plan, std::uint64_t timeout_us, const TellStep& tell)
-        : m_plan(plan), m_timeout_us(timeout_us), m_tell(tell)
+        : m_plan(plan), m_timeout_us(timeout_us), m_told_by(monotonic_clock_us() + timeout_us), m_tell(tell)
     {
     }
 
@@ -134,7 +137,7 @@ private:
             tell_changes(*item);
     }
 
-    static void change_item(PlannedItem& item)
+    void change_item(PlannedItem& item) const
     {
         CommandWords words;
         std::string error;
@@ -158,7 +161,7 @@ private:
             leave_rest(item);
     }
 
-    static bool do_changes(const PlannedItem& item, std::string& error)
+    bool do_changes(const PlannedItem& item, std::string& error) const
     {
         const std::string& name = item.id.name;
         if (item.is_deleted())
@@ -172,16 +175,18 @@ private:
         return is_created;
     }
 
-    static bool rewrite(const PlannedItem& item, std::string& error)
+    bool rewrite(const PlannedItem& item, std::string& error) const
     {
         SettingChanges changes;
         for (const Step& step : item.changes)
             changes.push_back({step.key, step.to});
-        const bool tells = item.runs && !item.is_stopped();
+        std::optional<std::uint64_t> told_by;
+        if (item.runs && !item.is_stopped())
+            told_by = std::max(m_told_by, monotonic_clock_us() + SHORTEST_TELLING_US);
         const Descriptor directory = open_item_directory(item.id.role->directory, O_PATH);
         const SettingsUpdate update =
-            update_settings_or_complain(directory.get(), item.id.name, changes, Lines::WHOLE, tells);
-        if (update.is_stored && tells && !update.is_told)
+            update_settings_or_complain(directory.get(), item.id.name, changes, Lines::WHOLE, told_by);
+        if (update.is_stored && told_by && !update.is_told)
             error = "it is stored, and the driver could not be told";
         return update.is_stored && error.empty();
     }
@@ -246,6 +251,7 @@ private:
 
     Plan& m_plan;
     std::uint64_t m_timeout_us;
+    std::uint64_t m_told_by;
     const TellStep& m_tell;
 };
 
