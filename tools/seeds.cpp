@@ -125,7 +125,8 @@ void add_seeds(Texts& seeds, const Schema& schema, Words& words)
     for (const auto& [what, json] : documents)
         for (const char* target : {"documents/", "checks/document_"})
             seeds[target + word + what] = driver + json.dump();
-    seeds["appliances/settings_" + word] = appliance_of(schema, "settings", settings).dump();
+    seeds["appliances/settings_" + word] =
+        appliance_of(schema, "settings", Json::object(settings.begin(), settings.end())).dump();
     seeds["appliances/document_" + word] = appliance_of(schema, "document", document).dump();
     seeds["checks/settings_" + word] = driver + lines;
     seeds["checks/manifest_" + word] = driver + manifest;
