@@ -44,7 +44,7 @@ void add_socket(const nlmsghdr& header, std::vector<BoundSocket>& sockets)
 // Takes the next messages. False at the end and on a refusal, which is_complete tells apart.
 bool receive(int diagnosis, std::vector<BoundSocket>& sockets, bool& is_complete)
 {
-    alignas(nlmsghdr) char block[std::size_t{32} * 1024];
+    alignas(nlmsghdr) char block[std::size_t{16} * 1024];
     const ssize_t got = ::recv(diagnosis, block, sizeof block, MSG_DONTWAIT);
     auto left = static_cast<unsigned int>(std::max<ssize_t>(got, 0));
     if (left == 0)

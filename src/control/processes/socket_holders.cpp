@@ -49,7 +49,7 @@ private:
     int m_directory;
     ssize_t m_at = 0;
     ssize_t m_end = 0;
-    alignas(dirent64) char m_block[std::size_t{32} * 1024];
+    alignas(dirent64) char m_block[std::size_t{16} * 1024];
 };
 
 bool is_link(int directory, const dirent64& entry)
