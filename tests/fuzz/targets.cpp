@@ -13,6 +13,7 @@
 #include "control/items/rewrite_settings.hpp"
 #include "control/processes/socket_table.hpp"
 #include "control/reports/merge_report.hpp"
+#include "control/run_state.hpp"
 #include "platform/mediaitem.hpp"
 #include "platform/metadata.hpp"
 #include "platform/packet.hpp"
@@ -94,7 +95,14 @@ std::string rewritten(std::string_view text, const SettingChanges& set, Lines li
     return result;
 }
 
-// A directory with the metadir of a file called "f" in it, for the life of the process.
+void write_file(const std::string& path, std::string_view bytes)
+{
+    std::FILE* out = std::fopen(path.c_str(), "wb");
+    require(out && std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size());
+    std::fclose(out);
+}
+
+// A directory with a file called "f" and its metadir in it, for the life of the process.
 class MediaDirectory {
 public:
     MediaDirectory()
@@ -108,11 +116,13 @@ public:
     {
         ::unlink(metadata().c_str());
         ::rmdir(metadir().c_str());
+        ::unlink(file().c_str());
         ::rmdir(m_path.c_str());
     }
     MediaDirectory(const MediaDirectory&) = delete;
     MediaDirectory& operator=(const MediaDirectory&) = delete;
 
+    const std::string& path() const { return m_path; }
     std::string file() const { return m_path + "/f"; }
     std::string metadir() const { return m_path + "/.f.metadir"; }
     std::string metadata() const { return metadir() + "/metadata"; }
@@ -186,9 +196,7 @@ void fuzz_metadata(std::string_view bytes)
     if (metadata_v4_file_to_metadir(
             metadir, sizeof metadir, std::string(bytes.substr(0, NAME_MAX)).c_str()) == 0)
         require(is_metadir_name(std::string_view(metadir).substr(std::string_view(metadir).rfind('/') + 1)));
-    std::FILE* out = std::fopen(media.metadata().c_str(), "wb");
-    require(out && std::fwrite(bytes.data(), 1, bytes.size(), out) == bytes.size());
-    std::fclose(out);
+    write_file(media.metadata(), bytes);
     metadata_v4_context* const where = metadata_v4_context_create();
     require(metadata_v4_context_set_file_location(where, media.file().c_str()) == 0);
     metadata_v4_metadata_context* const metadata = metadata_v4_metadata_context_create();
@@ -281,9 +289,13 @@ void fuzz_server(std::string_view bytes)
 void fuzz_settings(std::string_view bytes)
 {
     static const zelm_config_list described = manifest_of("[k]\ndefault=1\n");
+    static const MediaDirectory items;
+    write_file(items.file(), bytes);
+    itemdir.reset(::opendir(items.path().c_str()));
     for (const Role& role : ROLES) {
+        exec_mode = number_of(role);
         InfoList list;
-        load_infolist_from_file(list, role, nameless_file(bytes).get());
+        require(infolist_load(list, "f") == 0);
         infolist_get_autostart(list);
         infolist_fill_from_argslist(list, described);
         require(list.find("k"));
