@@ -148,19 +148,22 @@ private:
 
     void check_values(const KnownSettings& known)
     {
-        for (const auto& [key, stored] : m_settings.all()) {
-            const auto& setting = stored;  // which a function object can take in
+        for (const auto& [key, setting] : m_settings.all()) {
             m_line = setting.line;
             if (counts_as_off(key, setting.value))
                 say(in_quotes(setting.value) + " is no number, and counts as 0");
-            if (const auto members = known.find(key);
-                members != known.end() && std::any_of(members->second.begin(), members->second.end(),
-                                              [&value = setting.value](const MemberFace& member) {
-                                                  return ends_listing(member, value);
-                                              }))
+            if (any_ends_listing(known, key, setting.value))
                 say("a listing as JSON ends abnormally on the " + in_quotes(key) + " of " +
                     in_quotes(setting.value));
         }
+    }
+
+    static bool any_ends_listing(const KnownSettings& known, const std::string& key, const std::string& value)
+    {
+        const auto members = known.find(key);
+        return members != known.end() &&
+               std::any_of(members->second.begin(), members->second.end(),
+                   [&](const MemberFace& member) { return ends_listing(member, value); });
     }
 
     ItemKind m_kind;
