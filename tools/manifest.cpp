@@ -11,8 +11,7 @@ using Entries = std::map<std::string, zelm_config_entry>;
 // "boolean" of {"type": ["boolean", "null"]}.
 std::string json_type(Coding coding)
 {
-    std::string error;
-    const json11::Json type = json11::Json::parse(codings::json_schema(coding), error)["type"];
+    const json11::Json type = codings::json_schema(coding)["type"];
     return type.is_array() ? type[0].string_value() : type.string_value();
 }
 

@@ -48,3 +48,5 @@ enum class Coding : std::uint8_t {
                         // and nothing where that is missing
     THREE_WAY_FORCED,   // whether it is forced; THREE_WAY_ON reads it
 };
+
+inline constexpr Coding LAST_CODING = Coding::THREE_WAY_FORCED;

@@ -1,9 +1,10 @@
-// What every coding says, one coding a struct:
+// What every coding says:
 //
 //     written(text, null_text)   the flat text as JSON, with std::nullopt where the object lacks the member
 //     read(json, null_text)      the JSON as flat text, with std::nullopt where nothing is written
 //     takes(null_text)           whether it can be a row's null text, as coding.hpp tells what that is
-//     JSON                       which JSON it is, as a JSON Schema
+//     JSON                       which JSON it is, as a JSON Schema; or
+//     PARTS                      of an object the JSON Schemas of its members
 //
 // What a program does not use of this is not part of it.
 #pragma once
@@ -21,6 +22,7 @@
 namespace codings {
 
 using json11::Json;
+using enum Coding;
 using MaybeText = std::optional<std::string>;
 
 // Where a member stands: the object that should hold it, and the member. nullptr for what is not there.
@@ -68,7 +70,13 @@ constexpr bool is_among(std::string_view text, std::initializer_list<std::string
     return std::find(words.begin(), words.end(), text) != words.end();
 }
 
-struct Text {
+template <Coding CODING> struct Of;
+
+struct NoNullText {
+    static constexpr bool takes(std::string_view text) { return text.empty(); }
+};
+
+template <> struct Of<TEXT> {
     static constexpr bool takes(std::string_view) { return true; }
     static Json written(std::string text, std::string_view) { return Json(std::move(text)); }
     static MaybeText read(const Json& json, std::string_view null_text)
@@ -78,65 +86,68 @@ struct Text {
     static constexpr char JSON[] = R"({"type": ["string", "null"]})";
 };
 
-struct NullableText : Text {
+template <> struct Of<NULLABLE_TEXT> : Of<TEXT> {
     static Json written(std::string text, std::string_view null_text)
     {
         return text.empty() || text == null_text ? Json() : Json(std::move(text));
     }
 };
 
-struct DashedText : Text {
+template <> struct Of<DASHED_TEXT> : Of<TEXT> {
     static Json written(const std::string& text, std::string_view)
     {
         return text == "if no audio" ? "if-no-audio" : text;
     }
 };
 
-struct Boolean {
+// One value, by the functions that make it of a text and read it.
+template <auto VALUE, auto TEXT_OF> struct Scalar {
+    static Json written(const std::string& text, std::string_view) { return VALUE(text); }
+    static MaybeText read(const Json& json, std::string_view null_text) { return TEXT_OF(json, null_text); }
+};
+
+inline bool is_on(const std::string& text)
+{
+    return text == "1";
+}
+
+template <> struct Of<BOOLEAN> : Scalar<is_on, boolean_text> {
     static constexpr bool takes(std::string_view text) { return is_among(text, {"", "0", "1", "-1"}); }
-    static Json written(const std::string& text, std::string_view) { return text == "1"; }
-    static MaybeText read(const Json& json, std::string_view null_text)
-    {
-        return boolean_text(json, null_text);
-    }
     static constexpr char JSON[] = R"({"type": ["boolean", "null"]})";
 };
 
-struct Integer {
+template <> struct Of<INTEGER> : Scalar<integer_in, integer_text> {
     static constexpr bool takes(std::string_view text) { return text.empty() || is_integer_text(text); }
-    static Json written(const std::string& text, std::string_view) { return integer_in(text); }
-    static MaybeText read(const Json& json, std::string_view null_text)
-    {
-        return integer_text(json, null_text);
-    }
     static constexpr char JSON[] =
         R"({"type": ["integer", "null"], "minimum": -2147483648, "maximum": 2147483647})";
 };
 
-struct Number {
+template <> struct Of<NUMBER> : Scalar<number_in, number_text> {
     static constexpr bool takes(std::string_view text) { return text.empty() || is_number_text(text); }
-    static Json written(const std::string& text, std::string_view) { return number_in(text); }
-    static MaybeText read(const Json& json, std::string_view null_text)
-    {
-        return number_text(json, null_text);
-    }
     static constexpr char JSON[] = R"({"type": ["number", "null"]})";
 };
 
 // Null for the empty text; and a null writes the null text, also where that is empty.
-template <typename Of> struct Nullable : Of {
+template <Coding CODING> struct Nullable : Of<CODING> {
     static Json written(const std::string& text, std::string_view null_text)
     {
-        return text.empty() ? Json() : Of::written(text, null_text);
+        return text.empty() ? Json() : Of<CODING>::written(text, null_text);
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
-        return json.is_null() ? std::string(null_text) : Of::read(json, null_text);
+        return json.is_null() ? std::string(null_text) : Of<CODING>::read(json, null_text);
     }
 };
 
+template <> struct Of<NULLABLE_BOOLEAN> : Nullable<BOOLEAN> {
+};
+template <> struct Of<NULLABLE_INTEGER> : Nullable<INTEGER> {
+};
+template <> struct Of<NULLABLE_NUMBER> : Nullable<NUMBER> {
+};
+
 // What is counted starts at 1; "-1" and 0 stand for none.
-struct Count : Nullable<Integer> {
+template <> struct Of<COUNT> : Nullable<INTEGER> {
     static Json written(const std::string& text, std::string_view)
     {
         const int count = integer_in(text);
@@ -144,44 +155,41 @@ struct Count : Nullable<Integer> {
     }
 };
 
-struct OptionalNumber : Number {
+template <> struct Of<OPTIONAL_NUMBER> : Of<NUMBER> {
     static std::optional<Json> written(const std::string& text, std::string_view null_text)
     {
-        return text.empty() ? std::nullopt : std::optional(Number::written(text, null_text));
+        return text.empty() ? std::nullopt : std::optional(Of<NUMBER>::written(text, null_text));
     }
 };
 
-struct KeptNumber : Nullable<Number> {
+template <> struct Of<KEPT_NUMBER> : Nullable<NUMBER> {
     static constexpr bool takes(std::string_view text) { return text.empty(); }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
-        return json.is_null() ? MaybeText() : Number::read(json, null_text);
+        return json.is_null() ? MaybeText() : Of<NUMBER>::read(json, null_text);
     }
 };
 
-struct Constant {
-    static constexpr bool takes(std::string_view) { return true; }
+template <> struct Of<CONSTANT> : Of<TEXT> {
     static Json written(const std::string&, std::string_view constant) { return std::string(constant); }
     static MaybeText read(const Json&, std::string_view constant) { return std::string(constant); }
-    static constexpr const char* JSON = Text::JSON;
 };
 
-struct NullableConstant : Constant {
+template <> struct Of<NULLABLE_CONSTANT> : Of<CONSTANT> {
     static MaybeText read(const Json& json, std::string_view constant)
     {
         return std::string(json.is_null() ? "" : constant);
     }
 };
 
-struct Path {
-    static constexpr bool takes(std::string_view text) { return text.empty(); }
+template <> struct Of<PATH> : NoNullText {
     static Json written(const std::string& text, std::string_view) { return split(text, "/"); }
     static MaybeText read(const Json& json, std::string_view) { return array_text(json, "/"); }
     static constexpr char JSON[] = R"({"type": ["array", "null"], "items": {"type": "string"}})";
 };
 
 // A relative path loses its first name, and no parts at all are the root directory.
-struct AbsolutePath : Path {
+template <> struct Of<ABSOLUTE_PATH> : Of<PATH> {
     static Json written(const std::string& text, std::string_view)
     {
         if (text.empty())
@@ -193,7 +201,7 @@ struct AbsolutePath : Path {
     static MaybeText read(const Json& json, std::string_view) { return "/" + array_text(json, "/"); }
 };
 
-struct Device : Text {
+template <> struct Of<DEVICE> : Of<TEXT> {
     static Json written(const std::string& text, std::string_view)
     {
         const std::optional<int> index = parse_integer(text);
@@ -202,7 +210,9 @@ struct Device : Text {
     static constexpr char JSON[] = R"({"type": ["string", "integer", "null"]})";
 };
 
-struct TimedValue {
+template <> struct Of<TIMED_VALUE> {
+    static constexpr WordPairs UNITS = {{"seconds", "s"}, {"frames", "f"}};
+
     static constexpr bool takes(std::string_view text)
     {
         return (text.ends_with('s') || text.ends_with('f')) &&
@@ -213,33 +223,29 @@ struct TimedValue {
         if (text.empty())
             return Json::object{};
         const auto [count, unit] = timed_value(text);
-        return Json::object{
-            {"count", number_in(count)},
-            {"units", reverse_map_string(unit, {{"seconds", "s"}, {"frames", "f"}})},
-        };
+        return Json::object{{"count", number_in(count)}, {"units", reverse_map_string(unit, UNITS)}};
     }
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         const auto [count, unit] = timed_value(std::string(null_text));
         return string_text(part(json, "count"), count) +
-               map_string(string_text(part(json, "units"), unit), {{"seconds", "s"}, {"frames", "f"}});
+               map_string(string_text(part(json, "units"), unit), UNITS);
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "count": {"type": ["number", "null"]},
-            "units": {"type": ["string", "null"], "examples": ["seconds", "frames"]}}})";
+    static constexpr char PARTS[] = R"({
+        "count": {"type": ["number", "null"]},
+        "units": {"type": ["string", "null"], "examples": ["seconds", "frames"]}})";
 };
 
 // So that the {} of a value that is not set leaves the flat key alone.
-struct WholeTimedValue : TimedValue {
+template <> struct Of<WHOLE_TIMED_VALUE> : Of<TIMED_VALUE> {
     static MaybeText read(const Json& json, std::string_view null_text)
     {
-        return has_parts(json, "count", "units") ? TimedValue::read(json, null_text) : MaybeText();
+        return has_parts(json, "count", "units") ? Of<TIMED_VALUE>::read(json, null_text) : MaybeText();
     }
 };
 
 // The {} of a ratio that is not set leaves the flat key alone too.
-struct Ratio {
+template <> struct Of<RATIO> {
     static constexpr bool takes(std::string_view text)
     {
         return is_pair(text, ':', is_integer_text, is_integer_text);
@@ -258,18 +264,17 @@ struct Ratio {
         const auto [width, height] = ratio_value(std::string(null_text));
         return integer_text(part(json, "width"), width) + ":" + integer_text(part(json, "height"), height);
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "width": {"type": ["integer", "null"]}, "height": {"type": ["integer", "null"]}}})";
+    static constexpr char PARTS[] =
+        R"({"width": {"type": ["integer", "null"]}, "height": {"type": ["integer", "null"]}})";
 };
 
-// The suffix follows without a blank, and the letter in front of "i bff" and "i tff" is an l.
-struct FrameRate {
+template <> struct Of<FRAME_RATE> {
     static constexpr bool takes(std::string_view text)
     {
         return is_pair(text, ':', is_integer_text, [](std::string_view right) {
             const std::size_t end = right.find_first_not_of("0123456789");
-            return end > 0 && end != right.npos && is_among(right.substr(end), {"p", "li bff", "li tff"});
+            return end > 0 && std::any_of(FRAME_KINDS.begin(), FRAME_KINDS.end(),
+                                  [&](const auto& kind) { return right.substr(end) == kind.second; });
         });
     }
     static Json written(const std::string& text, std::string_view)
@@ -286,17 +291,14 @@ struct FrameRate {
     static MaybeText read(const Json& json, std::string_view null_text)
     {
         const auto [numerator, denominator, kind] = frame_value(std::string(null_text));
-        const std::string suffix = map_string(string_text(part(json, "kind"), kind),
-            {{"progressive", "p"}, {"interlaced bottom-field-first", "li bff"},
-                {"interlaced top-field-first", "li tff"}});
         return integer_text(part(json, "numerator"), numerator) + ":" +
-               integer_text(part(json, "denominator"), denominator) + suffix;
+               integer_text(part(json, "denominator"), denominator) +
+               map_string(string_text(part(json, "kind"), kind), FRAME_KINDS);
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "numerator": {"type": ["integer", "null"]}, "denominator": {"type": ["integer", "null"]},
-            "kind": {"type": ["string", "null"], "examples": ["progressive", "interlaced bottom-field-first",
-                "interlaced top-field-first"]}}})";
+    static constexpr char PARTS[] = R"({
+        "numerator": {"type": ["integer", "null"]}, "denominator": {"type": ["integer", "null"]},
+        "kind": {"type": ["string", "null"], "examples": ["progressive", "interlaced bottom-field-first",
+            "interlaced top-field-first"]}})";
 };
 
 // The two words of a pair. A word that the text lacks is empty.
@@ -307,39 +309,31 @@ inline std::vector<std::string> two_words(const std::string& text)
     return words;
 }
 
-inline Json written_pair(const std::string& text, const char* first, const char* second)
-{
-    const std::vector<std::string> words = two_words(text);
-    return Json::object{{first, number_in(words[0])}, {second, number_in(words[1])}};
-}
+inline constexpr char WIDTH[] = "width", HEIGHT[] = "height", X[] = "x", Y[] = "y";
 
-inline std::string read_pair(const Json& json, const char* first, const char* second)
-{
-    return number_text(json[first]) + " " + number_text(json[second]);
-}
-
-struct Size {
-    static constexpr bool takes(std::string_view text) { return text.empty(); }
+template <const char* FIRST, const char* SECOND> struct TwoNumbers : NoNullText {
     static Json written(const std::string& text, std::string_view)
     {
-        return written_pair(text, "width", "height");
+        const std::vector<std::string> words = two_words(text);
+        return Json::object{{FIRST, number_in(words[0])}, {SECOND, number_in(words[1])}};
     }
-    static MaybeText read(const Json& json, std::string_view) { return read_pair(json, "width", "height"); }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "width": {"type": ["number", "null"]}, "height": {"type": ["number", "null"]}}})";
+    static MaybeText read(const Json& json, std::string_view)
+    {
+        return number_text(json[FIRST]) + " " + number_text(json[SECOND]);
+    }
 };
 
-struct Position {
-    static constexpr bool takes(std::string_view text) { return text.empty(); }
-    static Json written(const std::string& text, std::string_view) { return written_pair(text, "x", "y"); }
-    static MaybeText read(const Json& json, std::string_view) { return read_pair(json, "x", "y"); }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "x": {"type": ["number", "null"]}, "y": {"type": ["number", "null"]}}})";
+template <> struct Of<SIZE> : TwoNumbers<WIDTH, HEIGHT> {
+    static constexpr char PARTS[] =
+        R"({"width": {"type": ["number", "null"]}, "height": {"type": ["number", "null"]}})";
 };
 
-struct Alignment {
+template <> struct Of<POSITION> : TwoNumbers<X, Y> {
+    static constexpr char PARTS[] =
+        R"({"x": {"type": ["number", "null"]}, "y": {"type": ["number", "null"]}})";
+};
+
+template <> struct Of<ALIGNMENT> {
     static constexpr bool takes(std::string_view text)
     {
         return is_pair(
@@ -369,14 +363,13 @@ struct Alignment {
         return string_text(part(align, "vertical"), usual[0]) + " " +
                string_text(part(align, "horizontal"), usual[1]);
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "vertical": {"type": ["string", "null"], "examples": ["top", "center", "bottom"]},
-            "horizontal": {"type": ["string", "null"], "examples": ["left", "center", "right"]}}})";
+    static constexpr char PARTS[] = R"({
+        "vertical": {"type": ["string", "null"], "examples": ["top", "center", "bottom"]},
+        "horizontal": {"type": ["string", "null"], "examples": ["left", "center", "right"]}})";
 };
 
 // Every mode but the linear one is read as the decibel mode.
-struct MapMode {
+template <> struct Of<MAP_MODE> {
     static constexpr bool takes(std::string_view text) { return is_among(text, {"linear", "decibel"}); }
     static Json written(const std::string& text, std::string_view)
     {
@@ -394,17 +387,15 @@ struct MapMode {
             return "linear";
         return "decibelm" + integer_text(part(json, "intensity"));
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "mode": {"type": ["string", "null"], "examples": ["linear", "decibel"]},
-            "intensity": {"type": ["integer", "null"]}}})";
+    static constexpr char PARTS[] = R"({
+        "mode": {"type": ["string", "null"], "examples": ["linear", "decibel"]},
+        "intensity": {"type": ["integer", "null"]}})";
 };
 
 // A single level, without a comma, is no meter. A level that is no number is the one bad number of all
 // documents that ends the run. Blanks are told apart without a locale, which would make the tools half as
 // large again.
-struct Meter {
-    static constexpr bool takes(std::string_view text) { return text.empty(); }
+template <> struct Of<METER> : NoNullText {
     static Json written(const std::string& text, std::string_view)
     {
         const std::vector<std::string> pieces = split(text, ",");
@@ -424,7 +415,7 @@ struct Meter {
             "anyOf": [{"type": ["number", "null"]}, {"const": "Number.NEGATIVE_INFINITY"}]}})";
 };
 
-struct Layer {
+template <> struct Of<LAYER> {
     static constexpr bool takes(std::string_view text)
     {
         return is_among(text, {"item", "urgent", "music", "alerts", "global"});
@@ -449,17 +440,15 @@ struct Layer {
             return string_text(part(json, "part"));
         return kind == "global" ? integer_text(part(json, "index")) : MaybeText();
     }
-    static constexpr char JSON[] =
-        R"({"type": ["object", "null"], "additionalProperties": false, "properties": {
-            "kind": {"enum": ["item", "urgent", "music", "alerts", "global", null]},
-            "part": {"type": ["string", "null"], "examples": ["text", "media"]},
-            "index": {"type": ["string", "integer", "null"]}}})";
+    static constexpr char PARTS[] = R"({
+        "kind": {"enum": ["item", "urgent", "music", "alerts", "global", null]},
+        "part": {"type": ["string", "null"], "examples": ["text", "media"]},
+        "index": {"type": ["string", "integer", "null"]}})";
 };
 
 // The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also
 // nothing, converts even what has captions of its own. Forced but not on is off.
-struct ThreeWayOn {
-    static constexpr bool takes(std::string_view text) { return Boolean::takes(text); }
+template <> struct Of<THREE_WAY_ON> : Of<BOOLEAN> {
     static Json written(const std::string& text, std::string_view) { return text != "0"; }
     static MaybeText read(const Place& at, std::string_view null_text)
     {
@@ -470,51 +459,21 @@ struct ThreeWayOn {
             return "0";
         return boolean_text(*force) == "1" ? "1" : "-1";
     }
-    static constexpr const char* JSON = Boolean::JSON;
 };
 
-struct ThreeWayForced {
-    static constexpr bool takes(std::string_view text) { return Boolean::takes(text); }
+template <> struct Of<THREE_WAY_FORCED> : Of<BOOLEAN> {
     static Json written(const std::string& text, std::string_view) { return text != "0" && text != "-1"; }
     static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
-    static constexpr const char* JSON = Boolean::JSON;
 };
 
-// Calls the function with the struct of the coding.
-template <typename Function> constexpr auto with(Coding coding, Function function)
+// Calls the function with what the coding says.
+template <std::uint8_t NUMBER_OF = 0, typename Function> constexpr auto with(Coding coding, Function function)
 {
-    switch (coding) {
-    case Coding::TEXT: break;
-    case Coding::NULLABLE_TEXT: return function(NullableText());
-    case Coding::DASHED_TEXT: return function(DashedText());
-    case Coding::BOOLEAN: return function(Boolean());
-    case Coding::NULLABLE_BOOLEAN: return function(Nullable<Boolean>());
-    case Coding::INTEGER: return function(Integer());
-    case Coding::NULLABLE_INTEGER: return function(Nullable<Integer>());
-    case Coding::COUNT: return function(Count());
-    case Coding::NUMBER: return function(Number());
-    case Coding::NULLABLE_NUMBER: return function(Nullable<Number>());
-    case Coding::OPTIONAL_NUMBER: return function(OptionalNumber());
-    case Coding::KEPT_NUMBER: return function(KeptNumber());
-    case Coding::CONSTANT: return function(Constant());
-    case Coding::NULLABLE_CONSTANT: return function(NullableConstant());
-    case Coding::PATH: return function(Path());
-    case Coding::ABSOLUTE_PATH: return function(AbsolutePath());
-    case Coding::DEVICE: return function(Device());
-    case Coding::TIMED_VALUE: return function(TimedValue());
-    case Coding::WHOLE_TIMED_VALUE: return function(WholeTimedValue());
-    case Coding::RATIO: return function(Ratio());
-    case Coding::FRAME_RATE: return function(FrameRate());
-    case Coding::SIZE: return function(Size());
-    case Coding::POSITION: return function(Position());
-    case Coding::ALIGNMENT: return function(Alignment());
-    case Coding::MAP_MODE: return function(MapMode());
-    case Coding::METER: return function(Meter());
-    case Coding::LAYER: return function(Layer());
-    case Coding::THREE_WAY_ON: return function(ThreeWayOn());
-    case Coding::THREE_WAY_FORCED: return function(ThreeWayForced());
-    }
-    return function(Text());
+    constexpr Coding CODING{NUMBER_OF};
+    if constexpr (CODING != LAST_CODING)
+        if (coding != CODING)
+            return with<NUMBER_OF + 1>(coding, function);
+    return function(Of<CODING>());
 }
 
 inline std::optional<Json> written(Coding coding, std::string text, std::string_view null_text)
@@ -539,9 +498,18 @@ constexpr bool takes(Coding coding, std::string_view null_text)
     return with(coding, [null_text](auto face) { return decltype(face)::takes(null_text); });
 }
 
-inline const char* json_schema(Coding coding)
+// As a JSON Schema.
+inline Json json_schema(Coding coding)
 {
-    return with(coding, [](auto face) -> const char* { return decltype(face)::JSON; });
+    return with(coding, [](auto face) {
+        using Face = decltype(face);
+        std::string error;
+        if constexpr (requires { Face::JSON; })
+            return Json::parse(Face::JSON, error);
+        else
+            return Json(Json::object{{"type", Json::array{"object", "null"}}, {"additionalProperties", false},
+                {"properties", Json::parse(Face::PARTS, error)}});
+    });
 }
 
 }  // namespace codings

@@ -39,14 +39,10 @@ std::tuple<std::string, std::string, std::string> frame_value(const std::string&
 {
     std::vector<std::string> parts = split(text, ":/");
     parts.resize(2);
-    // A rate without a suffix is interlaced, and the letter in front of "i bff" and "i tff" is an l.
     std::string kind = "interlaced bottom-field-first";
-    if (cut_suffix(parts[1], "p"))
-        kind = "progressive";
-    if (cut_suffix(parts[1], "li bff"))
-        kind = "interlaced bottom-field-first";
-    if (cut_suffix(parts[1], "li tff"))
-        kind = "interlaced top-field-first";
+    for (const auto& [word, suffix] : FRAME_KINDS)
+        if (cut_suffix(parts[1], suffix))
+            kind = word;
     return {std::move(parts[0]), std::move(parts[1]), std::move(kind)};
 }
 

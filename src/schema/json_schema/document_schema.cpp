@@ -37,12 +37,6 @@ Json::array joined_types(Json::array types, const Json::array& others)
     return types;
 }
 
-Json parsed(const char* text)
-{
-    std::string error;
-    return Json::parse(text, error);
-}
-
 bool has(const Json::array& list, const char* word)
 {
     return std::find(list.begin(), list.end(), Json(word)) != list.end();
@@ -93,7 +87,7 @@ Json taken_parts(const Json& parts)
 
 Json json_of(Coding coding)
 {
-    Json::object json = parsed(codings::json_schema(coding)).object_items();
+    Json::object json = codings::json_schema(coding).object_items();
     const bool is_scalar = json.count("properties") + json.count("items") == 0;
     if (json.count("properties") > 0)
         json["properties"] = taken_parts(json["properties"]);
@@ -117,7 +111,7 @@ std::optional<Json> member_default(const MemberFace& member, Coding written_as)
     const Json around = Json::object();
     const Json null;
     const auto text = codings::read(alone(face.coding), {&around, &null}, face.null_text);
-    const bool is_scalar = parsed(codings::json_schema(face.coding))["properties"].is_null();
+    const bool is_scalar = codings::json_schema(face.coding)["properties"].is_null();
     return text && is_scalar ? codings::written(alone(written_as), *text, face.null_text) : std::nullopt;
 }
 

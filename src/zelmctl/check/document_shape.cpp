@@ -6,8 +6,7 @@ namespace {
 
 std::vector<std::string> parts_of(Coding coding)
 {
-    std::string error;
-    const json11::Json schema = json11::Json::parse(codings::json_schema(coding), error);
+    const json11::Json schema = codings::json_schema(coding);
     std::vector<std::string> parts;
     for (const auto& [name, part] : schema["properties"].object_items())
         parts.push_back(name);
