@@ -11,6 +11,8 @@ using Entries = std::map<std::string, zelm_config_entry>;
 // "boolean" of {"type": ["boolean", "null"]}.
 std::string json_type(Coding coding)
 {
+    if (!codings::parts(coding).empty())
+        return "object";
     const json11::Json type = codings::json_schema(coding)["type"];
     return type.is_array() ? type[0].string_value() : type.string_value();
 }

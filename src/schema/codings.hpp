@@ -3,8 +3,8 @@
 //     written(text, null_text)   the flat text as JSON, with std::nullopt where the object lacks the member
 //     read(json, null_text)      the JSON as flat text, with std::nullopt where nothing is written
 //     takes(null_text)           whether it can be a row's null text, as coding.hpp tells what that is
-//     JSON                       which JSON it is, as a JSON Schema; or
-//     PARTS                      of an object the JSON Schemas of its members
+//     JSON                       which JSON is taken, as a JSON Schema; or
+//     PARTS                      the members of a composite, which is an object
 //
 // What a program does not use of this is not part of it.
 #pragma once
@@ -13,6 +13,7 @@
 #include <boost/algorithm/string/classification.hpp>
 #include <boost/algorithm/string/trim.hpp>
 #include <optional>
+#include <span>
 
 #include "schema/coding.hpp"
 #include "schema/composite_text.hpp"
@@ -70,6 +71,14 @@ constexpr bool is_among(std::string_view text, std::initializer_list<std::string
     return std::find(words.begin(), words.end(), text) != words.end();
 }
 
+// A member of a composite. What is taken is told by a coding, and words as a row's marks tell them.
+struct Part {
+    const char* name;
+    Coding coding = TEXT;
+    const char* words = "";
+    bool is_word = false;  // nothing but these words is taken
+};
+
 template <Coding CODING> struct Of;
 
 struct NoNullText {
@@ -83,7 +92,7 @@ template <> struct Of<TEXT> {
     {
         return string_text(json, null_text);
     }
-    static constexpr char JSON[] = R"({"type": ["string", "null"]})";
+    static constexpr char JSON[] = R"({"type": ["string", "number", "null"]})";
 };
 
 template <> struct Of<NULLABLE_TEXT> : Of<TEXT> {
@@ -119,12 +128,14 @@ template <> struct Of<BOOLEAN> : Scalar<is_on, boolean_text> {
 template <> struct Of<INTEGER> : Scalar<integer_in, integer_text> {
     static constexpr bool takes(std::string_view text) { return text.empty() || is_integer_text(text); }
     static constexpr char JSON[] =
-        R"({"type": ["integer", "null"], "minimum": -2147483648, "maximum": 2147483647})";
+        R"({"type": ["integer", "string", "null"], "minimum": -2147483648, "maximum": 2147483647,
+            "pattern": "^(0|-?[1-9][0-9]*)$"})";
 };
 
 template <> struct Of<NUMBER> : Scalar<number_in, number_text> {
     static constexpr bool takes(std::string_view text) { return text.empty() || is_number_text(text); }
-    static constexpr char JSON[] = R"({"type": ["number", "null"]})";
+    static constexpr char JSON[] =
+        R"({"type": ["number", "string", "null"], "pattern": "^-?(0|[1-9][0-9]*)(\\.[0-9]*[1-9])?$"})";
 };
 
 // Null for the empty text; and a null writes the null text, also where that is empty.
@@ -231,9 +242,7 @@ template <> struct Of<TIMED_VALUE> {
         return string_text(part(json, "count"), count) +
                map_string(string_text(part(json, "units"), unit), UNITS);
     }
-    static constexpr char PARTS[] = R"({
-        "count": {"type": ["number", "null"]},
-        "units": {"type": ["string", "null"], "examples": ["seconds", "frames"]}})";
+    static constexpr Part PARTS[] = {{"count", NUMBER}, {"units", TEXT, "seconds|frames"}};
 };
 
 // So that the {} of a value that is not set leaves the flat key alone.
@@ -264,8 +273,7 @@ template <> struct Of<RATIO> {
         const auto [width, height] = ratio_value(std::string(null_text));
         return integer_text(part(json, "width"), width) + ":" + integer_text(part(json, "height"), height);
     }
-    static constexpr char PARTS[] =
-        R"({"width": {"type": ["integer", "null"]}, "height": {"type": ["integer", "null"]}})";
+    static constexpr Part PARTS[] = {{"width", INTEGER}, {"height", INTEGER}};
 };
 
 template <> struct Of<FRAME_RATE> {
@@ -295,10 +303,8 @@ template <> struct Of<FRAME_RATE> {
                integer_text(part(json, "denominator"), denominator) +
                map_string(string_text(part(json, "kind"), kind), FRAME_KINDS);
     }
-    static constexpr char PARTS[] = R"({
-        "numerator": {"type": ["integer", "null"]}, "denominator": {"type": ["integer", "null"]},
-        "kind": {"type": ["string", "null"], "examples": ["progressive", "interlaced bottom-field-first",
-            "interlaced top-field-first"]}})";
+    static constexpr Part PARTS[] = {{"numerator", INTEGER}, {"denominator", INTEGER},
+        {"kind", TEXT, "progressive|interlaced bottom-field-first|interlaced top-field-first"}};
 };
 
 // The two words of a pair. A word that the text lacks is empty.
@@ -321,16 +327,12 @@ template <const char* FIRST, const char* SECOND> struct TwoNumbers : NoNullText 
     {
         return number_text(json[FIRST]) + " " + number_text(json[SECOND]);
     }
+    static constexpr Part PARTS[] = {{FIRST, NUMBER}, {SECOND, NUMBER}};
 };
 
 template <> struct Of<SIZE> : TwoNumbers<WIDTH, HEIGHT> {
-    static constexpr char PARTS[] =
-        R"({"width": {"type": ["number", "null"]}, "height": {"type": ["number", "null"]}})";
 };
-
 template <> struct Of<POSITION> : TwoNumbers<X, Y> {
-    static constexpr char PARTS[] =
-        R"({"x": {"type": ["number", "null"]}, "y": {"type": ["number", "null"]}})";
 };
 
 template <> struct Of<ALIGNMENT> {
@@ -363,9 +365,8 @@ template <> struct Of<ALIGNMENT> {
         return string_text(part(align, "vertical"), usual[0]) + " " +
                string_text(part(align, "horizontal"), usual[1]);
     }
-    static constexpr char PARTS[] = R"({
-        "vertical": {"type": ["string", "null"], "examples": ["top", "center", "bottom"]},
-        "horizontal": {"type": ["string", "null"], "examples": ["left", "center", "right"]}})";
+    static constexpr Part PARTS[] = {
+        {"vertical", TEXT, "top|center|bottom"}, {"horizontal", TEXT, "left|center|right"}};
 };
 
 // Every mode but the linear one is read as the decibel mode.
@@ -387,9 +388,7 @@ template <> struct Of<MAP_MODE> {
             return "linear";
         return "decibelm" + integer_text(part(json, "intensity"));
     }
-    static constexpr char PARTS[] = R"({
-        "mode": {"type": ["string", "null"], "examples": ["linear", "decibel"]},
-        "intensity": {"type": ["integer", "null"]}})";
+    static constexpr Part PARTS[] = {{"mode", TEXT, "linear|decibel"}, {"intensity", INTEGER}};
 };
 
 // A single level, without a comma, is no meter. A level that is no number is the one bad number of all
@@ -440,10 +439,8 @@ template <> struct Of<LAYER> {
             return string_text(part(json, "part"));
         return kind == "global" ? integer_text(part(json, "index")) : MaybeText();
     }
-    static constexpr char PARTS[] = R"({
-        "kind": {"enum": ["item", "urgent", "music", "alerts", "global", null]},
-        "part": {"type": ["string", "null"], "examples": ["text", "media"]},
-        "index": {"type": ["string", "integer", "null"]}})";
+    static constexpr Part PARTS[] = {{"kind", TEXT, "item|urgent|music|alerts|global", true},
+        {"part", TEXT, "text|media"}, {"index", DEVICE}};
 };
 
 // The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also
@@ -498,18 +495,28 @@ constexpr bool takes(Coding coding, std::string_view null_text)
     return with(coding, [null_text](auto face) { return decltype(face)::takes(null_text); });
 }
 
-// As a JSON Schema.
+// The members of a composite. All else has none, and a JSON Schema.
+constexpr std::span<const Part> parts(Coding coding)
+{
+    return with(coding, [](auto face) -> std::span<const Part> {
+        if constexpr (requires { decltype(face)::PARTS; })
+            return decltype(face)::PARTS;
+        else
+            return {};
+    });
+}
+
 inline Json json_schema(Coding coding)
 {
-    return with(coding, [](auto face) {
-        using Face = decltype(face);
-        std::string error;
-        if constexpr (requires { Face::JSON; })
-            return Json::parse(Face::JSON, error);
-        else
-            return Json(Json::object{{"type", Json::array{"object", "null"}}, {"additionalProperties", false},
-                {"properties", Json::parse(Face::PARTS, error)}});
-    });
+    std::string error;
+    return Json::parse(with(coding,
+                           [](auto face) -> const char* {
+                               if constexpr (requires { decltype(face)::JSON; })
+                                   return decltype(face)::JSON;
+                               else
+                                   return "{}";
+                           }),
+        error);
 }
 
 }  // namespace codings

@@ -26,72 +26,57 @@ Member& member_at(Member& around, std::string_view path)
     return *at;
 }
 
+bool has(const Json::array& list, const Json& element)
+{
+    return std::find(list.begin(), list.end(), element) != list.end();
+}
+
 // Both lists of types, in which a number is an integer too.
 Json::array joined_types(Json::array types, const Json::array& others)
 {
     for (const Json& type : others)
-        if (std::find(types.begin(), types.end(), type) == types.end())
+        if (!has(types, type))
             types.push_back(type);
-    if (std::find(types.begin(), types.end(), Json("number")) != types.end())
+    if (has(types, "number"))
         types.erase(std::remove(types.begin(), types.end(), Json("integer")), types.end());
     return types;
 }
 
-bool has(const Json::array& list, const char* word)
-{
-    return std::find(list.begin(), list.end(), Json(word)) != list.end();
-}
-
-// A number is a text as well, and a text that is a number as it would be written is that number. What is
-// either stays so.
-Json::object taken(Json::object member)
-{
-    Json::array types = member["type"].array_items();
-    if (has(types, "string")) {
-        if (has(types, "integer"))
-            return member;
-        types.insert(types.end() - 1, "number");
-    } else if (has(types, "number") || has(types, "integer")) {
-        const char* const digits = "(0|-?[1-9][0-9]*)";
-        const char* const any = "-?(0|[1-9][0-9]*)(\\.[0-9]*[1-9])?";
-        types.insert(types.end() - 1, "string");
-        member["pattern"] = std::string("^") + (has(types, "number") ? any : digits) + "$";
-    }
-    member["type"] = joined_types(types, {});
-    return member;
-}
-
 // The usual words first, so that a form can offer them, and then whatever else is taken.
-Json::object with_words(Json::object member, const Json::array& words)
+Json::object with_words(Json::object member, std::string_view text, bool is_word = false)
 {
+    if (text.empty())
+        return member;
+    Json::array words = Json(split(std::string(text), "|")).array_items();
     const Json any = Json::object{{"type", member["type"]}};
     member.erase("type");
-    member.erase("examples");
-    member["anyOf"] = Json::array{Json::object{{"enum", words}}, any};
+    if (is_word) {
+        words.emplace_back();
+        member["enum"] = words;
+    } else {
+        member["anyOf"] = Json::array{Json::object{{"enum", words}}, any};
+    }
     return member;
 }
 
-// The parts of a composite take what members of their types take.
-Json taken_parts(const Json& parts)
+// Of a composite with what its parts that are null or missing read as.
+Json::object json_of(const Face& face)
 {
-    Json::object described = parts.object_items();
-    for (auto& [name, part] : described) {
-        const Json::object member = part.object_items();
-        if (part["type"].is_array())
-            part = taken(member);
-        if (part["examples"].is_array())
-            part = with_words(part.object_items(), part["examples"].array_items());
+    if (codings::parts(face.coding).empty())
+        return codings::json_schema(face.coding).object_items();
+    const Json usual =
+        codings::written(face.coding, std::string(face.null_text), face.null_text).value_or(nullptr);
+    Json::object parts;
+    for (const codings::Part& part : codings::parts(face.coding)) {
+        Json::object json =
+            with_words(codings::json_schema(part.coding).object_items(), part.words, part.is_word);
+        json.erase("minimum");
+        json.erase("maximum");
+        if (!usual[part.name].is_null())
+            json["default"] = usual[part.name];
+        parts[part.name] = json;
     }
-    return described;
-}
-
-Json json_of(Coding coding)
-{
-    Json::object json = codings::json_schema(coding).object_items();
-    const bool is_scalar = json.count("properties") + json.count("items") == 0;
-    if (json.count("properties") > 0)
-        json["properties"] = taken_parts(json["properties"]);
-    return is_scalar && json["type"] != Json(Json::array{"boolean", "null"}) ? taken(json) : json;
+    return {{"type", Json::array{"object", "null"}}, {"additionalProperties", false}, {"properties", parts}};
 }
 
 // The two members of a setting of three positions are booleans each.
@@ -111,24 +96,9 @@ std::optional<Json> member_default(const MemberFace& member, Coding written_as)
     const Json around = Json::object();
     const Json null;
     const auto text = codings::read(alone(face.coding), {&around, &null}, face.null_text);
-    const bool is_scalar = codings::json_schema(face.coding)["properties"].is_null();
-    return text && is_scalar ? codings::written(alone(written_as), *text, face.null_text) : std::nullopt;
-}
-
-// What the parts of a composite that are null or missing read as.
-Json with_part_defaults(const Json& parts, const Face& face)
-{
-    const Json usual =
-        codings::written(face.coding, std::string(face.null_text), face.null_text).value_or(nullptr);
-    Json::object described = parts.object_items();
-    for (auto& [name, part] : described) {
-        if (usual[name].is_null())
-            continue;
-        Json::object with_default = part.object_items();
-        with_default["default"] = usual[name];
-        part = with_default;
-    }
-    return described;
+    return text && codings::parts(face.coding).empty()
+               ? codings::written(alone(written_as), *text, face.null_text)
+               : std::nullopt;
 }
 
 // The flat key is what people call a member. What has none is called by its name in the document.
@@ -146,12 +116,11 @@ void add_face(Member& member, const MemberFace& of, const std::string& key)
 {
     const Row& row = *of.row;
     Json::object& schema = member.schema;
-    const Json type = json_of(of.face->coding);
-    for (const auto& [name, value] : type.object_items()) {
+    for (const auto& [name, value] : json_of(*of.face)) {
         if (name == "type" && schema.count(name) > 0 && value.is_array())
             schema[name] = joined_types(schema[name].array_items(), value.array_items());
         else
-            schema[name] = name == "properties" ? with_part_defaults(value, *of.face) : value;
+            schema[name] = value;
     }
     if (has(schema["type"].array_items(), "number") && schema.erase("minimum") > 0)
         schema.erase("maximum");  // of a face that is an integer alone
@@ -167,8 +136,7 @@ void add_face(Member& member, const MemberFace& of, const std::string& key)
         schema["description"] =
             std::string(row.description.substr(0, row.description.find_last_not_of('.') + 1)) + SECRET_NOTE;
     }
-    if (!row.marks.words.empty())
-        schema = with_words(schema, Json(split(std::string(row.marks.words), "|")).array_items());
+    schema = with_words(schema, row.marks.words);
     if (of.is_written()) {
         member.is_written = true;
         member.written_as = of.face->coding;

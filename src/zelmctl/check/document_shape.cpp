@@ -6,10 +6,9 @@ namespace {
 
 std::vector<std::string> parts_of(Coding coding)
 {
-    const json11::Json schema = codings::json_schema(coding);
     std::vector<std::string> parts;
-    for (const auto& [name, part] : schema["properties"].object_items())
-        parts.push_back(name);
+    for (const codings::Part& part : codings::parts(coding))
+        parts.emplace_back(part.name);
     return parts;
 }
 
