@@ -146,3 +146,8 @@ inline std::string numbered(std::string key, int number)
     const std::size_t place = key.find('#');
     return place == std::string::npos ? key : key.replace(place, 1, std::to_string(number));
 }
+
+// Of the tables of all documents, which call the codings by their names.
+namespace fields {
+using enum Coding;
+}

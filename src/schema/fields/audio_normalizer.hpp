@@ -7,8 +7,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 // The levels are what a null writes, whose text is not the same for every driver.
 constexpr std::array<Row, 13> audio_normalizer(
     std::string_view minimum, std::string_view lower = "-6", std::string_view upper = "-3")

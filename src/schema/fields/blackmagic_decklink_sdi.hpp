@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row BLACKMAGIC_DECKLINK_SDI[] = {
     {"", "", OUTPUT_START},
     {"driver", NULLABLE_CONSTANT, "blackmagic_decklink_sdi", ""},

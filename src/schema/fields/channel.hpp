@@ -5,8 +5,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr char PASS_MINIMUM[] =
     "Minimum level in dBFS (0=full volume, -6=6dBFS below full). Audio below this level is not amplified";
 inline constexpr char PASS_LOWER[] =

@@ -5,8 +5,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row FBDEV[] = {
     {"", "", OUTPUT_START},
     {"driver", NULLABLE_CONSTANT, "fbdev", ""},

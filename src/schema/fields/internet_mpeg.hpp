@@ -9,8 +9,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr auto INTERNET_MPEG_NORMALIZER = [] {
     auto rows = audio_normalizer("-24.000", "-6.000", "-3.000");
     for (Row& row : rows) {

@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 // Written and read under the same names.
 inline constexpr auto ENC_AUDIO = [] {
     auto rows = audio_encoder("Sample rate to encode to (leave blank to use default or source rate)");

@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row ENC_IPTV[] = {
     {"enable", TEXT, "0",
         "Enable IPTV processing. This option and 'enable ip' (visible under Advanced mode) must be set for IP traffic to work."},

@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row ENC_PS[] = {
     {"bitrate", TEXT, "Maximum or constant bitrate to mux to"},
     {"buffer duration", TEXT, "Duration (in milliseconds) of mux buffer"},

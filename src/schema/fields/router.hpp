@@ -7,8 +7,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row ROUTER_START[] = {
     {"stay resident", NULLABLE_TEXT,
         "If set (1), the router item stays resident even when not in use. Default off."},

@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row SCHEDULE_PUSH[] = {
     {"autostart", NULLABLE_TEXT, "Whether or not the item is automatically started"},
     {"driver", NULLABLE_CONSTANT, "schedule_push", ""},

@@ -7,8 +7,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr auto SHOUT_CAST_ENCODER =
     audio_encoder("Sample rate to encode to (leave blank to match source)");
 

@@ -7,8 +7,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row LAST_WORDS[] = {
     {"last error", TEXT, "Last error initializing the encoder", STATUS},
     {"last notes", TEXT, "Last notes related to the encoder", DEBUG_STATUS},

@@ -6,8 +6,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 inline constexpr Row TRIGGER_RS232[] = {
     {"port", NULLABLE_TEXT, "which serial port to watch (/dev/ttyS0, or /dev/ttyUSB0)"},
     {"poll interval", NULLABLE_TEXT, "serial port poll interval (in milliseconds)"},

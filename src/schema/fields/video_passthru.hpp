@@ -7,8 +7,6 @@
 
 namespace fields {
 
-using enum Coding;
-
 // The address of a stream may hold a user's name and password.
 inline constexpr Row VIDEO_SOURCE[] = {
     {"driver", TEXT, "The program that handles the input"},
