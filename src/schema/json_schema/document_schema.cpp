@@ -13,9 +13,9 @@ namespace {
 struct Member {
     Json::object schema;
     std::map<std::string, Member> members;  // called by their places in an array
-    Coding written_as = Coding::TEXT;
-    bool is_written = false;
-    bool is_read = false;
+    Repeat repeat{};                        // of a group in an array
+    const Face* written = nullptr;
+    const Face* read = nullptr;
 };
 
 Member& member_at(Member& around, std::string_view path)
@@ -137,16 +137,14 @@ void add_face(Member& member, const MemberFace& of, const std::string& key)
             std::string(row.description.substr(0, row.description.find_last_not_of('.') + 1)) + SECRET_NOTE;
     }
     schema = with_words(schema, row.marks.words);
-    if (of.is_written()) {
-        member.is_written = true;
-        member.written_as = of.face->coding;
-    }
-    if (of.is_read()) {
-        member.is_read = true;
-        const auto json = member_default(of, member.is_written ? member.written_as : of.face->coding);
-        if (json && !row.marks.status)
-            schema["default"] = *json;
-    }
+    if (of.is_written())
+        member.written = of.face;
+    if (!of.is_read())
+        return;
+    member.read = of.face;
+    const auto json = member_default(of, (member.written ? member.written : of.face)->coding);
+    if (json && !row.marks.status)
+        schema["default"] = *json;
 }
 
 Json schema_of(const Member& member);
@@ -178,48 +176,40 @@ Json list_schema(const Member& list)
     return Json::object{{"type", "array"}, {"prefixItems", places}, {"items", false}};
 }
 
-Json repeated_schema(const Member& element, int count)
+Json repeated_schema(const Member& group)
 {
-    return Json::object{{"type", "array"}, {"items", element_schema(element)}, {"maxItems", count}};
+    return Json::object{{"type", "array"}, {"items", element_schema(group)}, {"maxItems", group.repeat.count},
+        {"x-first-number", group.repeat.first_number}};
 }
 
 Json schema_of(const Member& member)
 {
-    if (member.members.empty()) {
-        Json::object schema = member.schema;
-        if (member.is_written != member.is_read)
-            schema[member.is_written ? "readOnly" : "writeOnly"] = true;
-        return schema;
-    }
-    return member.members.begin()->first == "0" ? list_schema(member) : object_schema(member);
+    if (member.repeat.count > 0)
+        return repeated_schema(member);
+    if (!member.members.empty())
+        return member.members.begin()->first == "0" ? list_schema(member) : object_schema(member);
+    Json::object schema = member.schema;
+    if (!member.written || !member.read)
+        schema[member.written ? "readOnly" : "writeOnly"] = true;
+    return schema;
 }
 
-void add_group(Member& group, const Row& row, const std::string& key_prefix);
-
+// The keys of elements keep the "#" that stands for an element's number.
 void add_rows(Member& around, std::span<const Row> rows, const std::string& key_prefix)
 {
     for (const Row& row : rows) {
-        if (!row.group.empty())
-            add_group(row.read.path.empty() ? around : member_at(around, row.read.path), row,
-                key_prefix + std::string(row.read.key));
-        else
+        if (row.group.empty()) {
             for_each_face(row, [&](const Face& face, Direction direction) {
                 add_face(member_at(around, PathText(face)), {&row, &face, direction},
                     key_prefix + std::string(face.key));
             });
+            continue;
+        }
+        Member& group = row.read.path.empty() ? around : member_at(around, row.read.path);
+        if (row.repeat.count > 0)
+            group.repeat = row.repeat;
+        add_rows(group, row.group, key_prefix + std::string(row.read.key));
     }
-}
-
-// The keys of elements keep the "#" that stands for an element's number.
-void add_group(Member& group, const Row& row, const std::string& key_prefix)
-{
-    if (row.repeat.count == 0)
-        return add_rows(group, row.group, key_prefix);
-    Member element;
-    add_rows(element, row.group, key_prefix);
-    group.schema = repeated_schema(element, row.repeat.count).object_items();
-    group.schema["x-first-number"] = row.repeat.first_number;
-    group.is_written = group.is_read = true;
 }
 
 // The word by which the item has this document. Where another one, or a null, changes nothing that is kept,
@@ -229,10 +219,7 @@ void name_driver(Member& document, const Schema& schema)
     const auto driver = document.members.find("driver");
     if (driver == document.members.end())
         return;
-    const bool is_kept = schema.kind != ItemKind::INPUT &&
-                         std::any_of(schema.rows.begin(), schema.rows.end(), [](const Row& row) {
-                             return std::string_view(PathText(row.read)) == "driver" && !row.read.key.empty();
-                         });
+    const bool is_kept = schema.kind != ItemKind::INPUT && !driver->second.read->key.empty();
     const std::string word(schema.driver);
     Json::object& member = driver->second.schema;
     member["type"] = is_kept ? Json("string") : Json(Json::array{"string", "null"});
