@@ -30,7 +30,7 @@ protected:
 
     // The pairs of the table's rows, in their order, as far as the document has them. `members` may stand in
     // for the document.
-    void create_items(const Table& table) { read(table, {&m_document, nullptr, {}}); }
+    void create_items(const Table& table) { create_items(table, m_document); }
     void create_items(const Table& table, const json11::Json& members)
     {
         read(table, {&members, nullptr, {}});

@@ -32,6 +32,16 @@ std::string plain_number(double number)
     return text;
 }
 
+template <typename Written>
+std::string text_of_number(const Json& json, std::string_view default_text, const Written& written)
+{
+    if (json.is_null())
+        return text_or_zero(default_text);
+    if (json.is_string())
+        return json.string_value();
+    return json.is_number() ? written(json.number_value()) : "0";
+}
+
 }  // namespace
 
 std::string string_text(const Json& json, std::string_view default_text)
@@ -50,20 +60,13 @@ std::string boolean_text(const Json& json, std::string_view default_text)
 
 std::string integer_text(const Json& json, std::string_view default_text)
 {
-    if (json.is_null())
-        return text_or_zero(default_text);
-    if (json.is_string())
-        return json.string_value();
-    return json.is_number() ? std::to_string(cut_to_integer(json.number_value())) : "0";
+    const auto written = [](double number) { return std::to_string(cut_to_integer(number)); };
+    return text_of_number(json, default_text, written);
 }
 
 std::string number_text(const Json& json, std::string_view default_text)
 {
-    if (json.is_null())
-        return text_or_zero(default_text);
-    if (json.is_string())
-        return json.string_value();
-    return json.is_number() ? plain_number(json.number_value()) : "0";
+    return text_of_number(json, default_text, plain_number);
 }
 
 std::string array_text(const Json& json, const std::string& separator)

@@ -3,7 +3,6 @@
 
 #include "schema/fields/blackmagic_decklink_sdi.hpp"
 #include "schema/fields/channel.hpp"
-#include "schema/fields/fbdev.hpp"
 #include "schema/fields/internet_mpeg.hpp"
 #include "schema/fields/router.hpp"
 #include "schema/fields/schedule_push.hpp"

@@ -5,10 +5,6 @@
 
 namespace fields {
 
-inline constexpr char PASS_MINIMUM[] =
-    "Minimum level in dBFS (0=full volume, -6=6dBFS below full). Audio below this level is not amplified";
-inline constexpr char PASS_LOWER[] =
-    "Lower level in dBFS. Audio at or above minimum level is amplified to this level";
 inline constexpr char PASS_UPPER[] =
     "Upper level in dBFS. Audio above this level is attenuated down to this level";
 inline constexpr char PASS_MAXIMUM[] =
@@ -113,8 +109,9 @@ inline constexpr Row CHANNEL[] = {
     {"audio.normalizer.decay", "audio normalizer decay", NUMBER, "100",
         "Normalizer decay in ms (recommended: 1000ms)"},
     {"audio.normalizer.passes.0.minimum", "audio normalizer minimum level", OPTIONAL_NUMBER, "-24",
-        PASS_MINIMUM},
-    {"audio.normalizer.passes.0.lower", "audio normalizer lower level", OPTIONAL_NUMBER, "-6", PASS_LOWER},
+        "Minimum level in dBFS (0=full volume, -6=6dBFS below full). Audio below this level is not amplified"},
+    {"audio.normalizer.passes.0.lower", "audio normalizer lower level", OPTIONAL_NUMBER, "-6",
+        "Lower level in dBFS. Audio at or above minimum level is amplified to this level"},
     {"audio.normalizer.passes.0.upper", "audio normalizer upper level", OPTIONAL_NUMBER, "-3", PASS_UPPER},
     {"audio.normalizer.passes.1.upper", "audio normalizer upper level 2=", OPTIONAL_NUMBER, "-3", PASS_UPPER},
     // A null keeps the limit that is stored, though the filters below are emptied by theirs.
