@@ -66,9 +66,11 @@ constexpr bool is_pair(std::string_view text, char separator, First is_first, Se
     return at != text.npos && is_first(text.substr(0, at)) && is_second(text.substr(at + 1));
 }
 
-constexpr bool is_among(std::string_view text, std::initializer_list<std::string_view> words)
+// Whether the text is one of these, with "|" between two.
+constexpr bool is_among(std::string_view text, std::string_view words)
 {
-    return std::find(words.begin(), words.end(), text) != words.end();
+    const std::size_t end = words.find('|');
+    return text == words.substr(0, end) || (end != words.npos && is_among(text, words.substr(end + 1)));
 }
 
 // A member of a composite. What is taken is told by a coding, and words as a row's marks tell them.
@@ -121,7 +123,7 @@ inline bool is_on(const std::string& text)
 }
 
 template <> struct Of<BOOLEAN> : Scalar<is_on, boolean_text> {
-    static constexpr bool takes(std::string_view text) { return is_among(text, {"", "0", "1", "-1"}); }
+    static constexpr bool takes(std::string_view text) { return is_among(text, "|0|1|-1"); }
     static constexpr char JSON[] = R"({"type": ["boolean", "null"]})";
 };
 
@@ -336,16 +338,15 @@ template <> struct Of<POSITION> : TwoNumbers<X, Y> {
 };
 
 template <> struct Of<ALIGNMENT> {
+    static constexpr Part PARTS[] = {
+        {"vertical", TEXT, "top|center|bottom"}, {"horizontal", TEXT, "left|center|right"}};
+
     static constexpr bool takes(std::string_view text)
     {
-        return is_pair(
-            text, ' ',
-            [](std::string_view word) {
-                return is_among(word, {"top", "center", "bottom"});
-            },
-            [](std::string_view word) {
-                return is_among(word, {"left", "center", "right"});
-            });
+        const auto is_word_of = [](const Part& part) {
+            return [&part](std::string_view word) { return is_among(word, part.words); };
+        };
+        return is_pair(text, ' ', is_word_of(PARTS[0]), is_word_of(PARTS[1]));
     }
     static Json written(const std::string& text, std::string_view null_text)
     {
@@ -365,13 +366,13 @@ template <> struct Of<ALIGNMENT> {
         return string_text(part(align, "vertical"), usual[0]) + " " +
                string_text(part(align, "horizontal"), usual[1]);
     }
-    static constexpr Part PARTS[] = {
-        {"vertical", TEXT, "top|center|bottom"}, {"horizontal", TEXT, "left|center|right"}};
 };
 
 // Every mode but the linear one is read as the decibel mode.
 template <> struct Of<MAP_MODE> {
-    static constexpr bool takes(std::string_view text) { return is_among(text, {"linear", "decibel"}); }
+    static constexpr Part PARTS[] = {{"mode", TEXT, "linear|decibel"}, {"intensity", INTEGER}};
+
+    static constexpr bool takes(std::string_view text) { return is_among(text, PARTS[0].words); }
     static Json written(const std::string& text, std::string_view)
     {
         const std::string decibel = "decibelm";
@@ -388,7 +389,6 @@ template <> struct Of<MAP_MODE> {
             return "linear";
         return "decibelm" + integer_text(part(json, "intensity"));
     }
-    static constexpr Part PARTS[] = {{"mode", TEXT, "linear|decibel"}, {"intensity", INTEGER}};
 };
 
 // A single level, without a comma, is no meter. A level that is no number is the one bad number of all
@@ -415,15 +415,15 @@ template <> struct Of<METER> : NoNullText {
 };
 
 template <> struct Of<LAYER> {
-    static constexpr bool takes(std::string_view text)
-    {
-        return is_among(text, {"item", "urgent", "music", "alerts", "global"});
-    }
+    static constexpr Part PARTS[] = {{"kind", TEXT, "item|urgent|music|alerts|global", true},
+        {"part", TEXT, "text|media"}, {"index", DEVICE}};
+
+    static constexpr bool takes(std::string_view text) { return is_among(text, PARTS[0].words); }
     static Json written(const std::string& text, std::string_view)
     {
-        if (text == "item" || text == "urgent" || text == "music")
+        if (is_among(text, "item|urgent|music"))
             return Json::object{{"kind", text}};
-        if (text == "text" || text == "media")
+        if (is_among(text, PARTS[1].words))
             return Json::object{{"kind", "alerts"}, {"part", text}};
         return Json::object{{"kind", "global"}, {"index", text}};
     }
@@ -433,14 +433,12 @@ template <> struct Of<LAYER> {
         if (!member)
             return std::nullopt;
         const std::string kind = string_text(*member, null_text);
-        if (kind == "item" || kind == "urgent" || kind == "music")
+        if (is_among(kind, "item|urgent|music"))
             return kind;
         if (kind == "alerts")
             return string_text(part(json, "part"));
         return kind == "global" ? integer_text(part(json, "index")) : MaybeText();
     }
-    static constexpr Part PARTS[] = {{"kind", TEXT, "item|urgent|music|alerts|global", true},
-        {"part", TEXT, "text|media"}, {"index", DEVICE}};
 };
 
 // The two members of a switch of three positions: "-1" converts, "0" doesn't, and everything else, also

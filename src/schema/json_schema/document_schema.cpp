@@ -79,12 +79,6 @@ Json::object json_of(const Face& face)
     return {{"type", Json::array{"object", "null"}}, {"additionalProperties", false}, {"properties", parts}};
 }
 
-// The two members of a setting of three positions are booleans each.
-Coding alone(Coding coding)
-{
-    return coding == Coding::THREE_WAY_ON || coding == Coding::THREE_WAY_FORCED ? Coding::BOOLEAN : coding;
-}
-
 // What a key that isn't set counts as, as a value of the member. Where nothing is told, what a null writes:
 // but a size of nothing is none of zeros.
 std::optional<Json> member_default(const MemberFace& member, Coding written_as)
@@ -93,12 +87,10 @@ std::optional<Json> member_default(const MemberFace& member, Coding written_as)
     const std::string usual(member.usual());
     if (!usual.empty())
         return codings::written(written_as, usual, face.null_text);
-    const Json around = Json::object();
     const Json null;
-    const auto text = codings::read(alone(face.coding), {&around, &null}, face.null_text);
-    return text && codings::parts(face.coding).empty()
-               ? codings::written(alone(written_as), *text, face.null_text)
-               : std::nullopt;
+    const auto text = codings::read(face.coding, {&null, &null}, face.null_text);
+    return text && codings::parts(face.coding).empty() ? codings::written(written_as, *text, face.null_text)
+                                                       : std::nullopt;
 }
 
 // The flat key is what people call a member. What has none is called by its name in the document.
