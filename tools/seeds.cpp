@@ -1,5 +1,6 @@
 #include "tools/seeds.hpp"
 
+#include <regex>
 #include <set>
 
 #include "platform/packet.hpp"
@@ -53,24 +54,17 @@ Json misfit(const Json& document)
     return members;
 }
 
-// Of arrays the first element is enough.
-bool is_of_later_element(const std::string& path)
-{
-    for (const std::string& name : split(path, "."))
-        if (name != "0" && name.find_first_not_of("0123456789") == std::string::npos)
-            return true;
-    return false;
-}
-
 // What the document sets, and for other keys what they count as, or else a text that each coding takes.
 Texts settings_of(const Schema& schema, const std::string& document)
 {
     const auto consumer = createConsumer(std::string(schema.driver), document);
     consumer->createItems();
     Texts settings(consumer->items().begin(), consumer->items().end());
+    // Of arrays the first element is enough.
+    const std::regex later_element("(^|[.])[1-9][0-9]*([.]|$)");
     for_each_member(
         schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& member) {
-            if (!is_of_later_element(path))
+            if (!std::regex_search(path, later_element))
                 settings.emplace(key, member.usual().empty() ? "-18.5,-inf" : member.usual());
         });
     return settings;

@@ -1,5 +1,9 @@
+#include <algorithm>
+#include <iterator>
+
 #include "schema/create_consumer.hpp"
 #include "schema/create_emitter.hpp"
+#include "schema/driver_words.hpp"
 #include "schema/tables.hpp"
 
 namespace {
@@ -42,31 +46,40 @@ template <typename Consumer> std::shared_ptr<JsonConsumer> make_consumer(const s
     return std::make_shared<Consumer>(text);
 }
 
-constexpr struct Factory {
-    std::string_view driver;
-    decltype(&make_emitter<EmitChannel>) emitter;
-    decltype(&make_consumer<ConsumerChannel>) consumer;
-} FACTORIES[] = {
-#define DRIVER(word, kind, table, Emitter, Consumer) {#word, make_emitter<Emitter>, make_consumer<Consumer>},
+constexpr struct Driver {
+    std::string_view word;
+    ItemKind kind;
+    decltype(&make_emitter<EmitChannel>) emitter = nullptr;
+    decltype(&make_consumer<ConsumerChannel>) consumer = nullptr;
+} DRIVERS[] = {
+#define DRIVER(word, kind, table, Emitter, Consumer)                                                         \
+    {#word, ItemKind::kind, make_emitter<Emitter>, make_consumer<Consumer>},
+#define DRIVER_ALONE(word, kind) {#word, ItemKind::kind},
 #include "schema/drivers.def"
 };
 
-const Factory& factory_of(std::string_view driver)
+const Driver& driver_with_document(std::string_view word)
 {
-    for (const Factory& factory : FACTORIES)
-        if (driver == factory.driver)
-            return factory;
-    return factory_of("channel");
+    for (const Driver& driver : DRIVERS)
+        if (word == driver.word && driver.emitter)
+            return driver;
+    return driver_with_document("channel");
 }
 
 }  // namespace
 
+bool is_driver_word(std::string_view word, ItemKind kind)
+{
+    return std::any_of(std::begin(DRIVERS), std::end(DRIVERS),
+        [&](const Driver& driver) { return driver.word == word && driver.kind == kind; });
+}
+
 std::shared_ptr<EmitJson> createEmitter(const std::string& driver)
 {
-    return factory_of(driver).emitter();
+    return driver_with_document(driver).emitter();
 }
 
 std::shared_ptr<JsonConsumer> createConsumer(const std::string& driver, const std::string& text)
 {
-    return factory_of(driver).consumer(text);
+    return driver_with_document(driver).consumer(text);
 }
