@@ -140,9 +140,11 @@ void ItemEvents::translate_of_items(
 {
     if ((events & (END_OF_DIRECTORY | IN_IGNORED)) != 0)
         return told.push_back({Event::DIRECTORY, {&role, {}}});
-    if (const auto metadir = m_items.find({&role, name}); metadir != m_items.end())
+    if (const auto metadir = m_items.find({&role, name}); metadir != m_items.end()) {
+        const Event came = (events & IN_CREATE) != 0 ? Event::METADIR_MADE : Event::METADIR;
         return told.push_back(
-            {(events & ARRIVALS) != 0 ? Event::METADIR : Event::SOCKET_GONE, {&role, metadir->second}});
+            {(events & ARRIVALS) != 0 ? came : Event::SOCKET_GONE, {&role, metadir->second}});
+    }
     if (names_item(name, role))
         told.push_back({(events & IN_DELETE) != 0 ? Event::REMOVED : Event::NAME, {&role, name}});
 }

@@ -10,13 +10,14 @@
 
 struct ItemEvent {
     enum class What : std::uint8_t {
-        NAME,         // what the item's name stands for may have changed
-        REMOVED,      // the file of that name went
-        METADIR,      // the item's metadir came
-        SOCKET_MADE,  // the socket's entry came, and
-        SOCKET_GONE,  // went
-        DIRECTORY,    // the directory of the item's role came or went, or lacks a watch for another reason
-        OVERFLOW,     // events were lost
+        NAME,          // what the item's name stands for may have changed
+        REMOVED,       // the file of that name went
+        METADIR_MADE,  // the item's metadir is new, or
+        METADIR,       // was moved to its place
+        SOCKET_MADE,   // the socket's entry came, and
+        SOCKET_GONE,   // went
+        DIRECTORY,     // the directory of the item's role came or went, or lacks a watch for another reason
+        OVERFLOW,      // events were lost
     };
     What what;
     ItemId item;  // no name with DIRECTORY, and nothing with OVERFLOW

@@ -34,6 +34,12 @@ bool leaves_too_few(int descriptor)
     return descriptor < 0 || static_cast<rlim_t>(descriptor) + SPARE_DESCRIPTORS >= limit.rlim_cur;
 }
 
+bool has_socket(const ItemId& item)
+{
+    struct stat entry {};
+    return ::lstat(active_socket_path(metadir_of(item)).c_str(), &entry) == 0;
+}
+
 int add_to_poll(int poll, int descriptor)
 {
     epoll_event readable{.events = EPOLLIN, .data = {.fd = descriptor}};
@@ -175,10 +181,8 @@ void ObservedItems::heed(const ItemEvent& event)
         return;
     switch (event.what) {
     case ItemEvent::What::REMOVED: return remove(place);
-    case ItemEvent::What::METADIR:
-        if (!m_events.watch(event.item))
-            fail(errno);
-        return seek(place);
+    case ItemEvent::What::METADIR_MADE:
+    case ItemEvent::What::METADIR: return heed_metadir(place, event.what == ItemEvent::What::METADIR_MADE);
     case ItemEvent::What::SOCKET_MADE: return heed_socket_made(place);
     default: return heed_socket_gone(place);
     }
@@ -197,6 +201,17 @@ void ObservedItems::heed_name(const ItemId& item)
         return remove(place);
     if (contents && std::exchange(place->second.contents, *contents) != *contents)
         tell(Change::SETTINGS, item);
+}
+
+// The entry of a socket in a new metadir may have come before the watch, which then tells nothing of it. Its
+// driver may be gone, too.
+void ObservedItems::heed_metadir(Place place, bool is_new)
+{
+    if (!m_events.watch(place->first))
+        fail(errno);
+    if (is_new && has_socket(place->first))
+        return heed_socket_made(place);
+    seek(place);
 }
 
 void ObservedItems::heed_socket_made(Place place)
@@ -288,9 +303,7 @@ void ObservedItems::note_driver(Place place, const RunningDriver& driver)
 void ObservedItems::note_look_in_vain(Place place)
 {
     Observed& observed = place->second;
-    struct stat entry {};
-    const bool is_there = ::lstat(active_socket_path(metadir_of(place->first)).c_str(), &entry) == 0;
-    if (!is_there || observed.driver.is_hidden)
+    if (!has_socket(place->first) || observed.driver.is_hidden)
         observed.looks_left = 1;
     const std::uint64_t pause = FIRST_PAUSE_US << (LOOKS - observed.looks_left);
     observed.next_look = monotonic_clock_us() + pause;

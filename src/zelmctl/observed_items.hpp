@@ -71,6 +71,7 @@ private:
     void remove(Place place);
     void heed(const ItemEvent& event);
     void heed_name(const ItemId& item);
+    void heed_metadir(Place place, bool is_new);
     void heed_socket_made(Place place);
     void heed_socket_gone(Place place);
     void heed_ends();
