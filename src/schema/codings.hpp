@@ -123,7 +123,7 @@ inline bool is_on(const std::string& text)
 }
 
 template <> struct Of<BOOLEAN> : Scalar<is_on, boolean_text> {
-    static constexpr bool takes(std::string_view text) { return is_among(text, "|0|1|-1"); }
+    static constexpr bool takes(std::string_view text) { return text.empty() || is_among(text, "0|1|-1"); }
     static constexpr char JSON[] = R"({"type": ["boolean", "null"]})";
 };
 
@@ -461,14 +461,18 @@ template <> struct Of<THREE_WAY_FORCED> : Of<BOOLEAN> {
     static MaybeText read(const Json&, std::string_view) { return std::nullopt; }
 };
 
-// Calls the function with what the coding says.
-template <std::uint8_t NUMBER_OF = 0, typename Function> constexpr auto with(Coding coding, Function function)
+// Calls the function with what the coding says, which is one from FIRST to LAST.
+template <std::uint8_t FIRST = 0, std::uint8_t LAST = static_cast<std::uint8_t>(LAST_CODING),
+    typename Function>
+constexpr auto with(Coding coding, Function function)
 {
-    constexpr Coding CODING{NUMBER_OF};
-    if constexpr (CODING != LAST_CODING)
-        if (coding != CODING)
-            return with<NUMBER_OF + 1>(coding, function);
-    return function(Of<CODING>());
+    constexpr std::uint8_t MIDDLE = (FIRST + LAST) / 2;
+    if constexpr (FIRST == LAST)
+        return function(Of<Coding{FIRST}>());
+    else if (coding <= Coding{MIDDLE})
+        return with<FIRST, MIDDLE>(coding, function);
+    else
+        return with<MIDDLE + 1, LAST>(coding, function);
 }
 
 inline std::optional<Json> written(Coding coding, std::string text, std::string_view null_text)

@@ -11,12 +11,14 @@ namespace {
 struct Fault {
     char text[200] = {};
 
-    constexpr void note_if(bool is_wrong, std::string_view where, std::string_view why)
+    // Mostly nothing is, and what isn't asked of its reason spares the compiler a third of its steps.
+    constexpr void note_if(bool is_wrong, std::string_view where, const char* why)
     {
         if (!is_wrong || text[0] != '\0')
             return;
         char* end = text;
-        for (const std::string_view part : {where.substr(0, 100), std::string_view(": "), why})
+        for (const std::string_view part :
+            std::initializer_list<std::string_view>{where.substr(0, 100), ": ", why})
             end = std::copy(part.begin(), part.end(), end);
     }
 };

@@ -70,8 +70,8 @@ Json::object json_of(const Face& face)
     for (const codings::Part& part : codings::parts(face.coding)) {
         Json::object json =
             with_words(codings::json_schema(part.coding).object_items(), part.words, part.is_word);
-        json.erase("minimum");
-        json.erase("maximum");
+        for (const char* of_members_alone : {"minimum", "maximum"})
+            json.erase(of_members_alone);
         if (!usual[part.name].is_null())
             json["default"] = usual[part.name];
         parts[part.name] = json;
