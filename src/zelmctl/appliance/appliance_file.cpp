@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <unistd.h>
+#include <unordered_set>
 
 #include "control/items/item_directory.hpp"
 #include "control/items/item_names.hpp"
@@ -86,8 +87,11 @@ std::string fault_of_line(std::string_view key, std::string_view line)
 // What is known of the documents of a driver, and looked up once.
 struct KnownKeys {
     explicit KnownKeys(const Schema& schema)
-        : settings(known_settings(schema)), names(names_of_keys(schema, settings))
     {
+        const KnownSettings settings = known_settings(schema);
+        names = names_of_keys(schema, settings);
+        for (const auto& [key, members] : settings)
+            keys.insert(key);
     }
     const std::string& suggestion_for(const std::string& key)
     {
@@ -97,8 +101,8 @@ struct KnownKeys {
         return entry->second;
     }
 
-    KnownSettings settings;
-    Names names;
+    std::unordered_set<std::string> keys{};
+    Names names{};
     std::map<std::string, std::string> suggestions{};
 };
 
@@ -338,7 +342,7 @@ private:
             return;
         KnownKeys& known = m_known.try_emplace(schema, *schema).first->second;
         for (const auto& [key, value] : reading.json["settings"].object_items())
-            if (!known.settings.contains(key) && !m_unknown.has_more())
+            if (!known.keys.contains(key) && !m_unknown.has_more())
                 m_unknown.add_of_member(path_of_key(reading, key),
                     "stored, though no document tells of it" + known.suggestion_for(key));
     }

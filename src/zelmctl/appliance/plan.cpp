@@ -41,25 +41,13 @@ public:
         check_type();
         if (!m_stored)
             m_planned.changes.push_back({Do::CREATE});
-        for (const auto& [key, value] : m_wanted.settings)
-            change(key, value);
-        if (m_exact && m_stored)
-            remove_unnamed();
+        static const FlatSettings nothing;
+        compare(m_stored ? m_stored->settings : nothing);
         check_supervision();
         return std::move(m_planned);
     }
 
 private:
-    std::optional<std::string_view> stored(std::string_view key) const
-    {
-        if (!m_stored)
-            return {};
-        const auto found = m_stored->settings.find(key);
-        if (found == m_stored->settings.end())
-            return {};
-        return found->second;
-    }
-
     void say(const char* member, std::string text)
     {
         m_findings.add_of_member(path_of(m_wanted.id) + "." + member, std::move(text));
@@ -80,9 +68,28 @@ private:
             say("driver", is + ", whose driver is another");
     }
 
-    void change(std::string_view key, std::optional<std::string_view> to)
+    // Both are in the order of their keys.
+    void compare(const FlatSettings& stored)
     {
-        const auto from = stored(key);
+        auto at = stored.begin();
+        const auto leave_to = [&](const auto& is_before) {
+            for (; at != stored.end() && is_before(at->first); ++at)
+                if (m_exact && at->first != "driver")
+                    change(at->first, at->second, {});
+        };
+        for (const auto& named : m_wanted.settings) {
+            leave_to([&](const std::string& key) { return key < named.first; });
+            const bool is_stored = at != stored.end() && at->first == named.first;
+            change(named.first, is_stored ? std::optional<std::string_view>(at->second) : std::nullopt,
+                named.second);
+            at = is_stored ? std::next(at) : at;
+        }
+        leave_to([](const std::string&) { return true; });
+    }
+
+    void change(
+        std::string_view key, std::optional<std::string_view> from, std::optional<std::string_view> to)
+    {
         if (from == to)
             return;
         m_planned.changes.push_back({to ? Do::SET : Do::REMOVE, std::string(key)});
@@ -90,17 +97,12 @@ private:
         m_planned.changes.back().to = to;
     }
 
-    void remove_unnamed()
-    {
-        for (const auto& [key, value] : m_stored->settings)
-            if (key != "driver" && !m_wanted.settings.contains(key))
-                change(key, {});
-    }
-
     // Both what is started and what runs on.
     void check_supervision()
     {
-        std::string autorestart(stored("autorestart").value_or(""));
+        std::string autorestart;
+        if (m_stored && m_stored->settings.contains("autorestart"))
+            autorestart = m_stored->settings.at("autorestart");
         for (const Step& step : m_planned.changes)
             if (step.key == "autorestart")
                 autorestart = step.to.value_or("");
