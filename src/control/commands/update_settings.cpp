@@ -1,5 +1,6 @@
 #include "control/commands/update_settings.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -82,18 +83,11 @@ void remove_metadir_of_no_item(int directory, const std::string& item, const std
 
 SettingChanges changes_of(const SettingValues& settings)
 {
-    SettingChanges changes;
-    for (const auto& [key, value] : settings)
-        changes.push_back({key, value});
+    SettingChanges changes(settings.size());
+    std::transform(settings.begin(), settings.end(), changes.begin(), [](const auto& setting) {
+        return SettingChange{setting.first, setting.second};
+    });
     return changes;
-}
-
-SettingValues told_values(const SettingChanges& changes)
-{
-    SettingValues values;
-    for (const SettingChange& change : changes)
-        values.emplace_back(change.key, change.value.value_or(""));
-    return values;
 }
 
 }  // namespace
@@ -121,7 +115,7 @@ SettingsUpdate update_settings_or_complain(int directory, const std::string& ite
     std::string metadir;
     if (!stat_settings_or_complain(path, state) || !find_metadir_or_complain(path, metadir))
         return update;
-    update.is_told = told_by && send_live_update(active_socket_path(metadir), told_values(changes), *told_by);
+    update.is_told = told_by && send_live_update(active_socket_path(metadir), changes, *told_by);
     const std::string metadir_name = metadir.substr(metadir.rfind('/') + 1);
     make_metadir(directory, metadir_name, state);
     update.is_stored = rewrite_file(directory, item, metadir_name, changes, lines);

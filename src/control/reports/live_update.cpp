@@ -55,10 +55,10 @@ bool wait_for_answer(comm_socket_v4* connection, std::uint64_t deadline_us)
 }  // namespace
 
 bool send_live_update(
-    const std::string& socket_path, const SettingValues& settings, std::uint64_t deadline_us)
+    const std::string& socket_path, const SettingChanges& changes, std::uint64_t deadline_us)
 {
     struct stat state {};
-    if (settings.empty() || ::stat(socket_path.c_str(), &state) != 0 || !S_ISSOCK(state.st_mode))
+    if (changes.empty() || ::stat(socket_path.c_str(), &state) != 0 || !S_ISSOCK(state.st_mode))
         return false;
     const CommSocket connection(comm_socket_v4_create());
     if (!connection)
@@ -70,8 +70,8 @@ bool send_live_update(
     if (comm_socket_v4_connect_to(connection.get(), socket_path.c_str()) != 0)
         return false;
     bool is_answered = true;
-    for (const auto& [key, value] : settings) {
-        const CommPacket packet = make_set(key, value);
+    for (const auto& [key, value] : changes) {
+        const CommPacket packet = make_set(key, value.value_or(""));
         if (!packet || monotonic_clock_us() >= deadline_us)
             return false;
         is_answered &= send(connection.get(), packet.get(), deadline_us) &&
