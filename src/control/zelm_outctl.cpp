@@ -50,7 +50,7 @@ int run_set(const std::string& json_text, const SettingValues& settings)
     // to the end of the process, which frees it faster than its destructor would.
     static const auto* const consumer = new auto(createConsumer(json_consume_driver, json_text));
     (*consumer)->createItems();
-    return do_set(to_what, (*consumer)->items());
+    return do_set(to_what, (*consumer)->take_items());
 }
 
 // What the pseudo-name "all" reaches.

@@ -22,6 +22,7 @@ public:
     virtual void createItems() = 0;
 
     const SettingValues& items() const { return m_items; }
+    SettingValues take_items() { return std::move(m_items); }
 
 protected:
     const Document& document() const { return m_document.object_items(); }

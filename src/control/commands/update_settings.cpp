@@ -81,18 +81,18 @@ void remove_metadir_of_no_item(int directory, const std::string& item, const std
         ::unlinkat(directory, metadir.c_str(), AT_REMOVEDIR);
 }
 
-SettingChanges changes_of(const SettingValues& settings)
+SettingChanges changes_of(SettingValues&& settings)
 {
     SettingChanges changes(settings.size());
-    std::transform(settings.begin(), settings.end(), changes.begin(), [](const auto& setting) {
-        return SettingChange{setting.first, setting.second};
+    std::transform(settings.begin(), settings.end(), changes.begin(), [](auto& setting) {
+        return SettingChange{std::move(setting.first), std::move(setting.second)};
     });
     return changes;
 }
 
 }  // namespace
 
-int do_set(const std::string& item, const SettingValues& settings)
+int do_set(const std::string& item, SettingValues settings)
 {
     if (item.empty()) {
         std::fprintf(stderr_write, "%s", NO_OUTPUT_SPECIFIED_MESSAGE);
@@ -100,7 +100,7 @@ int do_set(const std::string& item, const SettingValues& settings)
     }
     const Descriptor directory = open_item_directory(mode_list_path, O_PATH);
     if (update_settings_or_complain(
-            directory.get(), item, changes_of(settings), Lines::AS_IN_A_SET, NO_DEADLINE)
+            directory.get(), item, changes_of(std::move(settings)), Lines::AS_IN_A_SET, NO_DEADLINE)
             .is_stored)
         flush_items_or_complain(directory.get());
     return 0;

@@ -9,7 +9,7 @@
 // Applies the pairs in order. A key that begins with "+", "-" or "&" is a live command: it is sent to a
 // running item and never stored; neither is an empty key. An empty value removes its key. 1 when `item` is
 // empty, and 0 in every other case: failures are told by their messages alone.
-int do_set(const std::string& item, const SettingValues& settings);
+int do_set(const std::string& item, SettingValues settings);
 
 struct SettingsUpdate {
     bool is_stored = false;  // what went wrong has been said otherwise
