@@ -4,26 +4,6 @@
 #include <limits>
 
 namespace packet {
-namespace {
-
-constexpr char MAGIC[] = {'T', 'V', 'P', '4'};
-
-// The wire is little-endian whatever the machine is.
-template <typename Number> void store(unsigned char* at, Number number)
-{
-    for (std::size_t i = 0; i < sizeof number; ++i)
-        at[i] = static_cast<unsigned char>(number >> (8 * i));
-}
-
-template <typename Number> Number load(const unsigned char* at)
-{
-    Number number = 0;
-    for (std::size_t i = 0; i < sizeof number; ++i)
-        number = static_cast<Number>(number | static_cast<Number>(at[i]) << (8 * i));
-    return number;
-}
-
-}  // namespace
 
 bool Writer::begin(std::string_view command, std::uint8_t flags, std::uint64_t sequence)
 {
@@ -31,7 +11,7 @@ bool Writer::begin(std::string_view command, std::uint8_t flags, std::uint64_t s
     m_bytes.assign(HEADER_SIZE, 0);
     if (command.size() >= COUNT_AT - COMMAND_AT)
         return false;
-    std::memcpy(m_bytes.data(), MAGIC, sizeof MAGIC);
+    std::memcpy(m_bytes.data(), MAGIC_BYTES, sizeof MAGIC_BYTES);
     store(m_bytes.data() + SEQUENCE_AT, sequence);
     m_bytes[FLAGS_AT] = flags;
     std::memcpy(m_bytes.data() + COMMAND_AT, command.data(), command.size());

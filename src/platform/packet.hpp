@@ -14,6 +14,8 @@ namespace packet {
 constexpr std::uint8_t FLAG_REQUEST = 0x01;  // set on everything that a client asks
 constexpr std::uint8_t FLAG_EVENT = 0x02;    // set on what a server sends unasked
 
+constexpr unsigned char MAGIC_BYTES[] = {'T', 'V', 'P', '4'};
+
 // Where the fields of the header stand, and what an entry of the table takes.
 constexpr std::size_t LENGTH_AT = 0x04;
 constexpr std::size_t SEQUENCE_AT = 0x08;
@@ -23,6 +25,21 @@ constexpr std::size_t COUNT_AT = 0x61;
 constexpr std::size_t TABLE_AT = 0x63;
 constexpr std::size_t HEADER_SIZE = 0x67;
 constexpr std::size_t ENTRY_SIZE = 16;
+
+// Numbers as they go over the wire, which is little-endian whatever the machine is.
+template <typename Number> void store(unsigned char* at, Number number)
+{
+    for (std::size_t i = 0; i < sizeof number; ++i)
+        at[i] = static_cast<unsigned char>(number >> (8 * i));
+}
+
+template <typename Number> Number load(const unsigned char* at)
+{
+    Number number = 0;
+    for (std::size_t i = 0; i < sizeof number; ++i)
+        number = static_cast<Number>(number | static_cast<Number>(at[i]) << (8 * i));
+    return number;
+}
 
 // Builds one packet: a command word, then arguments, then finish().
 class Writer {
