@@ -18,7 +18,9 @@
 namespace zelm_driver {
 namespace {
 
-constexpr char SHORT_PATHS[] = "/run/item-sockets/";
+constexpr char SHARED_DIRECTORY[] = "/run/item-sockets/";
+// What short paths begin with. Only root can make the shared directory, and nobody has to have made it yet.
+constexpr std::array<std::string_view, 2> SHORT_PATHS = {SHARED_DIRECTORY, "/tmp/item-socket."};
 constexpr int NAME_TRIES = 100;
 constexpr int LOCK_TRIES = 200;
 constexpr useconds_t LOCK_INTERVAL_US = 10000;
@@ -29,8 +31,9 @@ bool remove_entry(const std::string& entry)
     std::array<char, PATH_MAX> target{};
     const ssize_t length = ::readlink(entry.c_str(), target.data(), target.size() - 1);
     const std::string_view leads_to(target.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
-    if (leads_to.starts_with(SHORT_PATHS) && leads_to.rfind('/') == std::string_view(SHORT_PATHS).size() - 1)
-        ::unlink(target.data());
+    for (const std::string_view beginning : SHORT_PATHS)
+        if (leads_to.starts_with(beginning) && leads_to.find('/', beginning.size()) == leads_to.npos)
+            ::unlink(target.data());
     return ::unlink(entry.c_str()) == 0 || errno == ENOENT;
 }
 
@@ -62,14 +65,14 @@ bool bind_at(int socket, const std::string& path)
 }
 
 // A path that nobody can take beforehand, though anybody may make files there. Empty with errno set.
-std::string unforeseen_path()
+std::string unforeseen_path(std::string_view beginning)
 {
     std::uint64_t number = 0;
     if (::getrandom(&number, sizeof number, 0) != sizeof number)
         return {};
     std::array<char, 2 * sizeof number + 1> name{};
     std::snprintf(name.data(), name.size(), "%016llx", static_cast<unsigned long long>(number));
-    return std::string(SHORT_PATHS) + name.data();
+    return std::string(beginning) + name.data();
 }
 
 }  // namespace
@@ -79,15 +82,16 @@ struct ItemSocket::Parts {
     // ones, so that each may make its entry and remove only its own.
     bool bind_short(const std::string& path)
     {
-        if (::mkdir(SHORT_PATHS, 01777) == 0)
-            ::chmod(SHORT_PATHS, 01777);
-        for (int tries = 0; target.empty() && tries < NAME_TRIES; ++tries) {
-            const std::string chosen = unforeseen_path();
-            if (bind_at(listener.get(), chosen))
-                target = chosen;
-            else if (errno != EADDRINUSE)
-                return false;
-        }
+        if (::mkdir(SHARED_DIRECTORY, 01777) == 0)
+            ::chmod(SHARED_DIRECTORY, 01777);
+        for (const std::string_view beginning : SHORT_PATHS)
+            for (int tries = 0; target.empty() && tries < NAME_TRIES; ++tries) {
+                const std::string chosen = unforeseen_path(beginning);
+                if (bind_at(listener.get(), chosen))
+                    target = chosen;
+                else if (errno != EADDRINUSE)
+                    break;
+            }
         return !target.empty() && ::symlink(target.c_str(), path.c_str()) == 0;
     }
 
