@@ -5,6 +5,13 @@
 #include "control/items/item_names.hpp"
 #include "zelmctl/printable.hpp"
 
+const Role* role_called(std::string_view word)
+{
+    const auto* role =
+        std::find_if(std::begin(ROLES), std::end(ROLES), [&](const Role& each) { return word == each.word; });
+    return role == std::end(ROLES) ? nullptr : role;
+}
+
 std::string printable(const ItemId& item)
 {
     return std::string(item.role->word) + "/" + printable(item.name);

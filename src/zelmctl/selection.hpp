@@ -22,6 +22,9 @@ struct ItemId {
     bool operator==(const ItemId&) const = default;
 };
 
+// The role whose items are called by that word, "output"; null for none.
+const Role* role_called(std::string_view word);
+
 // "output/main", for people.
 std::string printable(const ItemId& item);
 

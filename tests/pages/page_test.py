@@ -59,6 +59,23 @@ def line_limits(source):
     return [f"a line has {told} bytes, not {limit}" for told in re.findall(r"\b(10\d\d) bytes", source) if told != limit]
 
 
+def driver_rules(source):
+    """The rules are in the order of the sections that tell them, and what they and the check count stands there."""
+    sections = dict(re.findall(r"^# ([A-Z ]+)\n(.*?)(?=^# )", source, re.MULTILINE | re.DOTALL))
+    rules = re.findall(r"^\d+ ([A-Z ]+): (.*)$", subprocess.run(
+        ["zelmctl", "check", "driver", "--list"], stdout=subprocess.PIPE, text=True, check=True).stdout, re.MULTILINE)
+    ordered = [name for name in sections for section, _ in rules if section == name]
+    faults = [] if ordered == [section for section, _ in rules] else ["the rules have other sections, or another order"]
+    counted = [(section, number) for section, sentence in rules for number in re.findall(r"\b(?:0x)?\d+\b", sentence)]
+    limits = re.findall(r"(\w+) = ([0-9']+)(?:;|\})", (ROOT / "src/zelmctl/check/driver/limits.hpp").read_text())
+    told = " ".join(sections.get(name, "") for name in {section for section, _ in rules})
+    faults += [f"{section} doesn't tell {number}" for section, number in counted if not re.search(rf"\b{number}\b", sections.get(section, ""))]
+    for name, value in limits:
+        number = int(value.replace("'", "")) // (10**6 if name.endswith("_US") else 1)
+        faults += [] if number == 1 or re.search(rf"\b{number}\b", told) else [f"{name} isn't told"]
+    return faults
+
+
 def read_examples(source):
     """Commands and what they print."""
     examples = []
@@ -93,6 +110,8 @@ text = (ROOT / "man" / (page.name + ".scd")).read_text()
 faults = lint(page) + line_limits(text) + run_examples(text)
 if page.name == "zelm_outctl.1":
     faults += switches(text) + driver_words(text, (page.parent.parent / "completions/candidates").read_text())
+if page.name == "zelm-packets.5":
+    faults += driver_rules(text)
 if page.name == "zelmctl.1":
     faults += secrets(text, page.parent.parent / "schemas")
 print("\n".join(faults))

@@ -5,13 +5,14 @@
 #include <filesystem>
 #include <optional>
 
-#include "control/items/role.hpp"
 #include "zelmctl/appliance/appliance_file.hpp"
 #include "zelmctl/check/check_document.hpp"
 #include "zelmctl/check/check_manifest.hpp"
 #include "zelmctl/check/check_settings.hpp"
+#include "zelmctl/check/driver/check_driver.hpp"
 #include "zelmctl/check/input_file.hpp"
 #include "zelmctl/printable.hpp"
+#include "zelmctl/selection.hpp"
 #include "zelmctl/status.hpp"
 
 namespace {
@@ -19,10 +20,12 @@ namespace {
 constexpr char USAGE[] = R"(usage: zelmctl check [--json] document --driver WORD FILE...
        zelmctl check [--json] settings [--kind channel|output|input|router] FILE...
        zelmctl check [--json] manifest|appliance FILE...
+       zelmctl check driver ... -- PROGRAM [ARGUMENT...]
 
 Says what the tools pass over in silence: of a JSON document for "set" of that driver ("channel" for a
 channel's), of an item's settings file, and of a driver's manifest; and what "apply" would refuse of a file
-of the appliance. FILE may be "-", standard input.
+of the appliance. FILE may be "-", standard input. Of a driver: what of zelm-packets(5) it doesn't do;
+"zelmctl check driver --help" tells more.
 
   --driver WORD  the driver whose document it is
   --kind KIND    the kind of the item, which otherwise follows from the file's directory
@@ -39,23 +42,15 @@ struct CommandLine {
     std::vector<std::string> files;
 };
 
-std::optional<ItemKind> kind_called(const std::string& name)
-{
-    for (const Role& role : ROLES)
-        if (name == role.word)
-            return role.kind;
-    return std::nullopt;
-}
-
 // By the name of the directory alone, so that copies elsewhere are known as well.
-std::optional<ItemKind> kind_of_file(const std::string& file)
+const Role* role_of_file(const std::string& file)
 {
     std::error_code error;
     const std::filesystem::path path = std::filesystem::absolute(file, error).lexically_normal();
     for (const Role& role : ROLES)
         if (file != "-" && path.parent_path().filename() == std::filesystem::path(role.directory).filename())
-            return role.kind;
-    return std::nullopt;
+            return &role;
+    return nullptr;
 }
 
 // Keys that no document knows are no finding, and told all the same.
@@ -70,8 +65,8 @@ void check_appliance(const std::string& file, const std::string& text, Findings&
 // Whether the file could be checked; if not, that has been said.
 bool check_file(const CommandLine& line, const std::string& file, Findings& findings)
 {
-    const auto kind = line.kind ? kind_called(*line.kind) : kind_of_file(file);
-    if (line.subject == "settings" && !kind) {
+    const Role* const role = line.kind ? role_called(*line.kind) : role_of_file(file);
+    if (line.subject == "settings" && !role) {
         std::fprintf(
             stderr, "%s: no directory of items; which kind is it? --kind tells\n", printable(file).c_str());
         return false;
@@ -80,7 +75,7 @@ bool check_file(const CommandLine& line, const std::string& file, Findings& find
     const Descriptor input = open_input(file, limit);
     bool is_read = static_cast<bool>(input);
     if (is_read && line.subject == "settings") {
-        is_read = check_settings(input.get(), *kind, findings);
+        is_read = check_settings(input.get(), role->kind, findings);
     } else if (is_read && line.subject == "manifest") {
         is_read = check_manifest(input.get(), findings);
     } else if (is_read) {
@@ -128,13 +123,13 @@ std::string fault_of(const CommandLine& line)
 {
     constexpr std::string_view SUBJECTS[] = {"appliance", "document", "manifest", "settings"};
     if (std::find(std::begin(SUBJECTS), std::end(SUBJECTS), line.subject) == std::end(SUBJECTS))
-        return line.subject.empty() ? "document, settings, manifest or appliance?"
+        return line.subject.empty() ? "document, settings, manifest, appliance or driver?"
                                     : "unknown word " + line.subject;
     if ((line.subject == "document") != line.driver.has_value())
         return line.driver ? "--driver is for documents" : "--driver WORD is missing";
     if (line.kind && line.subject != "settings")
         return "--kind is for settings";
-    if (line.kind && !kind_called(*line.kind))
+    if (line.kind && !role_called(*line.kind))
         return "unknown kind " + *line.kind;
     return line.files.empty() ? "FILE is missing" : "";
 }
@@ -143,6 +138,8 @@ std::string fault_of(const CommandLine& line)
 
 Status check(int argc, char** argv)
 {
+    if (argc > 1 && argv[1] == std::string_view("driver"))
+        return check_driver(argc - 1, argv + 1);
     CommandLine line;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
