@@ -1,5 +1,6 @@
 #include "corruption.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <random>
 
@@ -9,29 +10,15 @@ namespace {
 
 using Bytes = std::vector<unsigned char>;
 
-void store(Bytes& bytes, std::size_t at, std::size_t size, std::uint64_t number)
-{
-    for (std::size_t i = 0; i < size; ++i)
-        bytes[at + i] = static_cast<unsigned char>(number >> (8 * i));
-}
-
-std::uint32_t load(const Bytes& bytes, std::size_t at, std::size_t size)
-{
-    std::uint32_t number = 0;
-    for (std::size_t i = 0; i < size; ++i)
-        number |= std::uint32_t{bytes[at + i]} << (8 * i);
-    return number;
-}
-
 // Where the entry of that index stands.
 std::size_t entry_at(const Bytes& bytes, std::size_t index)
 {
-    return load(bytes, packet::TABLE_AT, 4) + index * packet::ENTRY_SIZE;
+    return packet::load<std::uint32_t>(bytes.data() + packet::TABLE_AT) + index * packet::ENTRY_SIZE;
 }
 
 std::size_t entry_count(const Bytes& bytes)
 {
-    return load(bytes, packet::COUNT_AT, 2);
+    return packet::load<std::uint16_t>(bytes.data() + packet::COUNT_AT);
 }
 
 void make_short(Bytes& bytes, std::uint64_t)
@@ -42,31 +29,53 @@ void make_short(Bytes& bytes, std::uint64_t)
 void empty_header(Bytes& bytes, std::uint64_t)
 {
     bytes.resize(packet::HEADER_SIZE);
-    store(bytes, packet::TABLE_AT, 4, 0);
+    packet::store(bytes.data() + packet::TABLE_AT, std::uint32_t{0});
 }
 
 void exaggerate_count(Bytes& bytes, std::uint64_t)
 {
-    store(bytes, packet::COUNT_AT, 2, 0xffff);
+    packet::store(bytes.data() + packet::COUNT_AT, std::uint16_t{0xffff});
 }
 
 void move_table_outside(Bytes& bytes, std::uint64_t)
 {
-    store(bytes, packet::TABLE_AT, 4, 0xfffffff0);
+    packet::store(bytes.data() + packet::TABLE_AT, std::uint32_t{0xfffffff0});
 }
 
 void move_texts_outside(Bytes& bytes, std::uint64_t)
 {
     for (std::size_t i = 0; i < entry_count(bytes); ++i)
-        store(bytes, entry_at(bytes, i) + 4 * (i % 2), 4, i % 3 == 0 ? bytes.size() : 0xffffffff - i);
+        packet::store(bytes.data() + entry_at(bytes, i) + 4 * (i % 2),
+            static_cast<std::uint32_t>(i % 3 == 0 ? bytes.size() : 0xffffffff - i));
 }
 
 void cut_last_nul(Bytes& bytes, std::uint64_t)
 {
     constexpr std::string_view ENDLESS = "and so on";
-    store(bytes, entry_at(bytes, entry_count(bytes) - 1) + 4, 4, bytes.size());
+    packet::store(
+        bytes.data() + entry_at(bytes, entry_count(bytes) - 1) + 4, static_cast<std::uint32_t>(bytes.size()));
     bytes.insert(bytes.end(), ENDLESS.begin(), ENDLESS.end());
-    store(bytes, packet::LENGTH_AT, 4, bytes.size());
+    packet::store(bytes.data() + packet::LENGTH_AT, static_cast<std::uint32_t>(bytes.size()));
+}
+
+void clear_sequence(Bytes& bytes, std::uint64_t)
+{
+    packet::store(bytes.data() + packet::SEQUENCE_AT, std::uint64_t{0});
+}
+
+void fill_command(Bytes& bytes, std::uint64_t)
+{
+    std::fill(bytes.begin() + packet::COMMAND_AT, bytes.begin() + packet::COUNT_AT, 'x');
+}
+
+void use_reserved(Bytes& bytes, std::uint64_t)
+{
+    packet::store(bytes.data() + entry_at(bytes, 0) + 8, std::uint64_t{1});
+}
+
+void add_line_feed(Bytes& bytes, std::uint64_t)
+{
+    bytes[packet::load<std::uint32_t>(bytes.data() + entry_at(bytes, 0)) + 1] = '\n';
 }
 
 void randomise(Bytes& bytes, std::uint64_t seed)
@@ -88,6 +97,10 @@ constexpr Kind KINDS[] = {
     {"table", move_table_outside},
     {"texts", move_texts_outside},
     {"no-nul", cut_last_nul},
+    {"sequence", clear_sequence},
+    {"command", fill_command},
+    {"reserved", use_reserved},
+    {"line-feed", add_line_feed},
     {"random", randomise},
 };
 

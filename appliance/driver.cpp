@@ -1,11 +1,13 @@
 #include "driver.hpp"
 
 #include <algorithm>
+#include <csignal>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include "answer.hpp"
+#include "deadly_packet.hpp"
 #include "misbehaviour.hpp"
 #include "platform/signals.hpp"
 #include "platform/socket_io.hpp"
@@ -14,14 +16,36 @@
 namespace {
 
 constexpr std::size_t CLIENT_LIMIT = 256;
+constexpr std::size_t FLOOD = 100;
 constexpr int BACKLOG = 128;
+
+[[noreturn]] void die()
+{
+    ::kill(::getpid(), SIGKILL);
+    ::_exit(1);
+}
+
+// A process that has nothing of the driver's but its group, and not even that for long.
+void leave_child()
+{
+    if (::fork() != 0)
+        return;
+    ::setsid();
+    ::closefrom(STDERR_FILENO + 1);
+    for (;;)
+        ::pause();
+}
 
 }  // namespace
 
 bool Driver::open(const std::string& metadir)
 {
+    const Misbehaviour misbehaviour(m_state.settings);
+    if (misbehaviour.leave_child)
+        leave_child();
+    ::usleep(static_cast<useconds_t>(misbehaviour.start_ms * 1000));
     m_signals = hold_back_end_signals();
-    return m_signals && m_socket.listen(metadir, Misbehaviour(m_state.settings).no_accept ? 0 : BACKLOG);
+    return m_signals && m_socket.listen(metadir, misbehaviour.no_accept ? 0 : BACKLOG, misbehaviour.socket);
 }
 
 void Driver::serve()
@@ -34,7 +58,7 @@ void Driver::serve()
                 receive_requests(m_clients[i]);
             send_due(m_clients[i]);
         }
-        std::erase_if(m_clients, [](const Client& client) { return client.gone; });
+        remove_gone();
         if (waited[1].revents)
             accept_clients();
         end_if_told();
@@ -44,7 +68,9 @@ void Driver::serve()
 // The signals, the listener, then the clients in their order.
 std::vector<pollfd> Driver::waited_for() const
 {
-    const bool accepts = !Misbehaviour(m_state.settings).no_accept;
+    const Misbehaviour misbehaviour(m_state.settings);
+    const bool accepts =
+        !misbehaviour.no_accept && (misbehaviour.clients == 0 || m_clients.size() < misbehaviour.clients);
     std::vector<pollfd> waited;
     waited.reserve(2 + m_clients.size());
     waited.push_back({m_signals.get(), POLLIN, 0});
@@ -70,18 +96,40 @@ std::uint64_t Driver::next_due_us() const
     return due;
 }
 
-// Where there are as many as can be, the one that has been silent longest makes room.
+void Driver::remove_gone()
+{
+    const bool keeps = Misbehaviour(m_state.settings).keep_connections;
+    for (Client& client : m_clients)
+        if (client.gone && keeps)
+            client.socket.release();
+    std::erase_if(m_clients, [](const Client& client) { return client.gone; });
+}
+
+// Where there are as many as can be, the one that has been silent longest makes room. Whether there is any.
+bool Driver::make_room()
+{
+    const Misbehaviour misbehaviour(m_state.settings);
+    if (m_clients.size() < (misbehaviour.clients > 0 ? misbehaviour.clients : CLIENT_LIMIT))
+        return true;
+    if (misbehaviour.clients > 0 || misbehaviour.crowd == "shut-out")
+        return false;
+    const auto longest_silent = std::min_element(m_clients.begin(), m_clients.end(),
+        [](const Client& one, const Client& other) { return one.heard_us < other.heard_us; });
+    m_clients.erase(misbehaviour.crowd == "oldest" ? m_clients.begin() : longest_silent);
+    return true;
+}
+
 void Driver::accept_clients()
 {
     for (int i = 0; i < BACKLOG; ++i) {
+        if (Misbehaviour(m_state.settings).clients > 0 && !make_room())
+            return;
         Descriptor accepted(::accept4(m_socket.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!accepted)
             return;
-        if (m_clients.size() == CLIENT_LIMIT)
-            m_clients.erase(std::min_element(m_clients.begin(), m_clients.end(),
-                [](const Client& one, const Client& other) { return one.heard_us < other.heard_us; }));
-        m_clients.push_back(
-            {.socket = std::move(accepted), .outgoing = {}, .heard_us = monotonic_clock_us()});
+        if (make_room())
+            m_clients.push_back(
+                {.socket = std::move(accepted), .outgoing = {}, .heard_us = monotonic_clock_us()});
     }
 }
 
@@ -97,6 +145,10 @@ void Driver::receive_requests(Client& client)
         if (client.hang_up)
             continue;
         client.heard_us = monotonic_clock_us();
+        const Misbehaviour misbehaviour(m_state.settings);
+        if (is_deadly(request, misbehaviour.dies_of) ||
+            (misbehaviour.dies_of == "flood" && client.outgoing.size() > FLOOD))
+            die();
         Answer answer = answer_request(m_state, request);
         const std::uint64_t due = monotonic_clock_us() + answer.delay_ms * 1000;
         for (std::vector<unsigned char>& bytes : answer.packets)
@@ -111,6 +163,8 @@ void Driver::send_due(Client& client)
         const int sent = send_packet(client.socket.get(), client.outgoing.front().bytes);
         if (sent == 0)
             return;
+        if (sent < 0 && Misbehaviour(m_state.settings).dies_of == "hang-up")
+            die();
         client.gone = client.gone || sent < 0;
         client.outgoing.pop_front();
     }

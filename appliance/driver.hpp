@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "driver_state.hpp"
+#include "odd_socket.hpp"
 #include "platform/io.hpp"
-#include "zelm_driver/item_socket.hpp"
 
 class Driver {
 public:
@@ -35,13 +35,15 @@ private:
 
     std::vector<pollfd> waited_for() const;
     std::uint64_t next_due_us() const;
+    void remove_gone();
+    bool make_room();
     void accept_clients();
     void receive_requests(Client& client);
     void send_due(Client& client);
     void end_if_told();
 
     DriverState m_state;
-    zelm_driver::ItemSocket m_socket;
+    OddSocket m_socket;
     Descriptor m_signals;
     std::vector<Client> m_clients;
     bool m_ended = false;

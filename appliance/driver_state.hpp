@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "item_settings.hpp"
 
@@ -12,4 +13,5 @@ struct DriverState {
     std::string last_command;  // the last live command, as "key=value"
     std::uint64_t started_us = 0;
     std::uint64_t reports = 0;  // answered so far
+    std::vector<std::string> leaked;
 };
