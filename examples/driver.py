@@ -2,12 +2,13 @@
 """A driver after zelm-packets(5), in Python's standard library alone: it shows a title that can be changed meanwhile.
 
 Put it in the place of a driver, such as /usr/bin/zelm_out_newtek_ndi, and "zelm_outctl -c start" starts it. Names
-that are too long for a metadir or for a socket's address are left out here.
+that are too long for a metadir are left out here.
 """
-import contextlib, errno, fcntl, os, re, signal, socket, struct, sys, threading, time
+import contextlib, errno, fcntl, os, re, secrets, signal, socket, struct, sys, threading, time
 
 HEADER = struct.Struct("<4sIQB80sHI")  # magic, length, sequence, flags, command, count and offset of the entries
 CLIENT_LIMIT = 256
+ADDRESS_SIZE = 108  # of a socket, with its NUL
 heard = {}  # of each client: when
 status = {b"active": b"1", b"title": b"untitled"}
 
@@ -61,16 +62,22 @@ def listen(metadir, entry):  # drivers that come up at once do it one after the 
             fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
             break
         time.sleep(0.01)
+    left = os.readlink(entry) if os.path.islink(entry) else entry
     with socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET | socket.SOCK_NONBLOCK) as client:
-        if client.connect_ex(entry) not in (errno.ECONNREFUSED, errno.ENOENT):
+        if len(left) < ADDRESS_SIZE and client.connect_ex(left) not in (errno.ECONNREFUSED, errno.ENOENT):
             sys.exit("another driver serves the item")
-    with contextlib.suppress(FileNotFoundError):
-        os.unlink(entry)
+    for path in [entry] + re.findall(rb"^/tmp/item-[0-9a-f]{16}$", left):
+        with contextlib.suppress(FileNotFoundError):
+            os.unlink(path)
+    # What no address holds is bound where nobody can foresee it.
+    bound = entry if len(entry) < ADDRESS_SIZE else b"/tmp/item-" + secrets.token_hex(8).encode()
     listener = socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET)
-    listener.bind(entry)
+    listener.bind(bound)
+    if bound != entry:
+        os.symlink(bound, entry)
     listener.listen(128)
     os.close(lock)
-    return listener
+    return listener, bound
 
 def main(_, file):  # --file SETTINGS
     endings = {signal.SIGTERM, signal.SIGINT}
@@ -81,8 +88,10 @@ def main(_, file):  # --file SETTINGS
     name = re.sub(rb"[\0- %\x7f]", lambda byte: b"%%%02X" % ord(byte[0]), name)
     metadir = os.path.join(directory, b".%s.metadir" % name)
     entry = metadir + b"/.media.item.active.socket"
-    threading.Thread(target=accept, args=[listen(metadir, entry)], daemon=True).start()
+    listener, bound = listen(metadir, entry)
+    threading.Thread(target=accept, args=[listener], daemon=True).start()
     signal.sigwait(endings)
-    os.unlink(entry)
+    for path in {entry, bound}:
+        os.unlink(path)
 
 main(*sys.argv[1:])

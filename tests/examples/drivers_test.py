@@ -1,11 +1,8 @@
 """The example drivers as drivers of an item, in the sandbox:
 drivers_test.py --program COMMAND ... | --install DIRECTORY-OF-THE-LIBRARY."""
 
-import contextlib
 import os
 import pathlib
-import socket
-import struct
 import subprocess
 import sys
 import time
@@ -55,54 +52,17 @@ def by_command(*command):
     return WORK / "driver"
 
 
-def bother(packets):
-    """A client that sends as much as is taken, and reads nothing."""
-    client = socket.socket(socket.AF_UNIX, socket.SOCK_SEQPACKET)
-    client.setsockopt(socket.SOL_SOCKET, socket.SO_SNDTIMEO, struct.pack("ll", 10, 0))
-    client.connect(ENTRY)
-    client.setblocking(False)
-    with contextlib.suppress(BlockingIOError, BrokenPipeError, ConnectionResetError):
-        for packet in packets:
-            client.send(packet)
-    return client
-
-
-def request(word, count=0, table=0x67):
-    return struct.pack("<4sIQB80sHI", b"TVP4", 0x67, 1, 1, word, count, table)
-
-
-def answers(client):
-    client.settimeout(10)
-    client.send(request(b"report"))
-    return client.recv(1 << 20)
-
-
-def crowd():
-    """More clients than the driver serves: who is silent goes, and who is not stays. Those who bothered it before are
-    there, too, and may still be heard."""
-    talks = bother([])
-    silent = [bother([]) for _ in range(240)]
-    assert answers(talks)
-    silent += [bother([]) for _ in range(40)]
-    silent[0].settimeout(10)
-    assert silent[0].recv(1) == b"" and answers(talks) and answers(silent[-1])
-    return silent
-
-
 def check(program):
+    checked = subprocess.run(["zelmctl", "check", "driver", "--", program], capture_output=True, text=True)
+    assert (checked.returncode, checked.stdout + checked.stderr) == (0, ""), checked
     PROGRAM.unlink()
     PROGRAM.symlink_to(program)
     tool("set", "--set", "driver=newtek_ndi", "--set", "title=One")
     tool("start")
     comes_to_be("running")
     assert "\t*\ttitle=One\n" in tool("list")
-    clients = [bother(packets) for packets in (
-        [b"short"], [b""], [request(b"set")], [request(b"set", 2, 0xffffffff)], [request(b"x" * 80, 65535)],
-        [request(b"report")] * 5000)]
     assert tool("set", "--set", "title=Two", "--set", "+title=no") == ""
-    assert "\t*\ttitle=Two\n" in tool("list"), f"bothered by one of {clients}"
-    clients += crowd()
-    assert "\t*\ttitle=Two\n" in tool("list"), f"kept out by {len(clients)} clients"
+    assert "\t*\ttitle=Two\n" in tool("list")
     second = subprocess.run([program, "--file", "/mnt/main/tv/outputs/x y"], stderr=subprocess.PIPE, text=True, timeout=30)
     assert second.returncode == 1 and second.stderr.count("\n") == 1 and "=Two" in tool("list"), second
     tool("stop")
@@ -111,9 +71,11 @@ def check(program):
 
 
 WORK.mkdir()
-os.environ.update(HOME=str(WORK), TMPDIR=str(WORK))
+# What the sanitizers keep of what a driver frees is no growth of its own.
+os.environ.update(HOME=str(WORK), TMPDIR=str(WORK), ASAN_OPTIONS="quarantine_size_mb=1")
 tool("create")
 simulated = PROGRAM.resolve()
-built = [by_command(*sys.argv[2:])] if sys.argv[1] == "--program" else [EXAMPLES / "driver.py", by_find_package(), by_pkg_config()]
+built = [by_command(*sys.argv[2:])] if sys.argv[1] == "--program" else [
+    EXAMPLES / "driver.py", EXAMPLES / "driver.pl", by_find_package(), by_pkg_config()]
 for driver in [simulated, *built]:
     check(driver)
