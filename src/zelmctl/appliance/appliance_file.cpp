@@ -21,6 +21,7 @@ using json11::Json;
 namespace {
 
 using Names = std::vector<KnownName>;
+using Settings = decltype(WantedItem::settings);
 
 const Names MEMBERS{{"document", {}}, {"driver", {}}, {"settings", {}}, {"state", {}}, {"supervised", {}}};
 
@@ -155,7 +156,7 @@ private:
         for (const auto& [name, member] : json.object_items()) {
             if (m_findings.has_more())
                 return;
-            m_wanted.items.push_back({{&role, name}});
+            m_wanted.items.push_back({{&role, name}, nullptr, {}, Settings(m_wanted.memory.get())});
             Reading reading{member, m_wanted.items.back(), path_of(m_wanted.items.back().id)};
             if (!can_be_called(name, role))
                 say(reading.path, "no " + std::string(role.word) + " can be called so");

@@ -5,6 +5,8 @@
 #include <deque>
 #include <json11.hpp>
 #include <map>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,12 +22,16 @@ struct WantedItem {
     const InputType* type = nullptr;           // where one is named
     std::optional<std::string_view> driver{};  // its word, where the file tells it
     // By their keys, several lines joined with a line feed; none for one that is to go.
-    std::map<std::string_view, std::optional<std::string_view>> settings{};
+    std::pmr::map<std::string_view, std::optional<std::string_view>> settings{};
     std::optional<bool> runs{};
     std::optional<bool> supervised{};
 };
 
 struct WantedAppliance {
+    // In which the items have their settings: a thousand of them are made and given up at once.
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> memory =
+        std::make_unique<std::pmr::monotonic_buffer_resource>();
+
     std::vector<WantedItem> items{};   // sorted
     std::vector<const Role*> kinds{};  // that are named, though without items
 
