@@ -1,6 +1,6 @@
 #include "tools/seeds.hpp"
 
-#include <regex>
+#include <algorithm>
 #include <set>
 
 #include "platform/packet.hpp"
@@ -54,17 +54,24 @@ Json misfit(const Json& document)
     return members;
 }
 
+// Of arrays the first element is enough.
+bool is_of_later_element(const std::string& path)
+{
+    const std::vector<std::string> names = split(path, ".");
+    return std::any_of(names.begin(), names.end(), [](const std::string& name) {
+        return name != "0" && name.find_first_not_of("0123456789") == name.npos;
+    });
+}
+
 // What the document sets, and for other keys what they count as, or else a text that each coding takes.
 Texts settings_of(const Schema& schema, const std::string& document)
 {
     const auto consumer = createConsumer(std::string(schema.driver), document);
     consumer->createItems();
     Texts settings(consumer->items().begin(), consumer->items().end());
-    // Of arrays the first element is enough.
-    const std::regex later_element("(^|[.])[1-9][0-9]*([.]|$)");
     for_each_member(
         schema.rows, [&](const std::string& path, const std::string& key, const MemberFace& member) {
-            if (!std::regex_search(path, later_element))
+            if (!is_of_later_element(path))
                 settings.emplace(key, member.usual().empty() ? "-18.5,-inf" : member.usual());
         });
     return settings;
