@@ -264,7 +264,7 @@ TEST_F(Apply, GoesOnWithOtherItemsWhenOneFails)
 {
     write_file("/usr/bin/zelm_ends", "#!/bin/sh\nexit 3\n");
     sh("chmod 755 /usr/bin/zelm_ends");
-    write_file(OUTPUTS + "a", "driver=newtek_ndi\nsim ignore sigterm=1\n");
+    write_file(OUTPUTS + "a", "driver=newtek_ndi\nsim ignore sigterm=1\nsim never answer=1\n");
     write_file(OUTPUTS + "b", "driver=newtek_ndi\nsim shutdown ms=1\n");
     for (const std::string item : {"a", "b"})
         bring_up("zelm_outctl", item);
@@ -280,7 +280,7 @@ TEST_F(Apply, GoesOnWithOtherItemsWhenOneFails)
             "zelmctl: router/r: start: ended at once, status 3\n"},
         {"zelmctl apply --json " + FILE_NAME, 1, "{\"changed\": false, " + start + "}\n", ""},
         {"zelm_outctl -c set -o b --set driver=alsa", 0, "", ""},
-        {"zelm_outctl -c set -o a --set 'sim never answer=1'; echo '{\"outputs\": {\"a\": {\"settings\": "
+        {"echo '{\"outputs\": {\"a\": {\"settings\": "
          "{\"k\": \"1\", \"l\": \"2\"}}}}' | zelmctl apply --timeout 0.1 - 2>&1 | tail -n 1",
             0, "zelmctl: output/a: l nothing -> \"2\": it is stored, and the driver could not be told\n", ""},
         {"echo '{\"outputs\": {\"c\": {}, \"d\": {}}}' | zelmctl apply - >/dev/full", 2, "",
