@@ -70,7 +70,8 @@ sub listen_at {    # drivers that come up at once do it one after the other
     my ($metadir, $entry) = @_;
     mkdir $metadir;
     sysopen my $lock, $metadir, O_RDONLY | O_DIRECTORY | O_NOFOLLOW or fail("$metadir: $!");
-    for (1 .. 200) { last if flock $lock, LOCK_EX | LOCK_NB; select undef, undef, undef, 0.01 }
+    my $limit = time + 2;
+    until (flock($lock, LOCK_EX | LOCK_NB) || time > $limit) { select undef, undef, undef, 0.01 }
     my $left = readlink($entry) // $entry;
     my $served = length $left < ADDRESS && (connect(open_socket(), pack_sockaddr_un $left) || !($!{ECONNREFUSED} || $!{ENOENT}));
     fail("another driver serves the item") if $served;

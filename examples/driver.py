@@ -57,7 +57,8 @@ def accept(listener):
 def listen(metadir, entry):  # drivers that come up at once do it one after the other
     os.makedirs(metadir, exist_ok=True)
     lock = os.open(metadir, os.O_DIRECTORY | os.O_NOFOLLOW)
-    for _ in range(200):
+    limit = time.monotonic() + 2
+    while time.monotonic() < limit:
         with contextlib.suppress(BlockingIOError):
             fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
             break

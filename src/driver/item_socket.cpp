@@ -14,6 +14,7 @@
 
 #include "platform/metadata.hpp"
 #include "platform/socket_io.hpp"
+#include "platform/time.hpp"
 
 namespace zelm_driver {
 namespace {
@@ -22,7 +23,7 @@ constexpr char SHARED_DIRECTORY[] = "/run/item-sockets/";
 // What short paths begin with. Only root can make the shared directory, and nobody has to have made it yet.
 constexpr std::array<std::string_view, 2> SHORT_PATHS = {SHARED_DIRECTORY, "/tmp/item-socket."};
 constexpr int NAME_TRIES = 100;
-constexpr int LOCK_TRIES = 200;
+constexpr std::uint64_t LOCK_WAIT_US = 2'000'000;
 constexpr useconds_t LOCK_INTERVAL_US = 10000;
 
 // What a dead driver has left, and the short path to which it leads, if it is a link to one.
@@ -42,7 +43,8 @@ bool remove_entry(const std::string& entry)
 Descriptor lock_for_binding(const std::string& metadir)
 {
     Descriptor lock(::open(metadir.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    for (int tries = 0; lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 && tries < LOCK_TRIES; ++tries)
+    const std::uint64_t limit = monotonic_clock_us() + LOCK_WAIT_US;
+    while (lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 && monotonic_clock_us() < limit)
         ::usleep(LOCK_INTERVAL_US);
     return lock;
 }
