@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::uint64_t STAYS_FOR_US = 1'000'000;
+constexpr std::uint64_t STAYS_FOR_US = 2'000'000;
 constexpr std::size_t FIRST_CLIENTS = 4;
 constexpr useconds_t WATCH_INTERVAL_US = 5000;
 constexpr std::size_t FDINFO_SIZE = 256;
