@@ -54,12 +54,15 @@ protected:
         }
     }
 
-    // Where other sandboxes' private directories are, too.
+    // Other sandboxes have their private directories in the same place. Where that can't be hidden, their
+    // processes can't be either, and nothing is looked for.
     const Mount m_tmp{"-t tmpfs tmpfs", "/tmp"};
 
-    static std::string left_behind()
+    std::string left_behind() const
     {
-        return output_of("ls /tmp | grep zelmctl-check; pgrep -l zelm_; true");
+        return m_tmp ? output_of(
+                           "ls -d /tmp/zelmctl-check* /tmp/item-socket.* 2>/dev/null; pgrep -l zelm_; true")
+                     : "";
     }
 };
 
@@ -160,7 +163,6 @@ TEST_F(CheckDriver, FindsNothingWrongWithDriversOfAllKinds)
     sh("rm -rf /run/item-sockets; rm -f /run/f");
     EXPECT_EQ(output_of(AS_NOBODY + CHECK + PROGRAM), "");
     EXPECT_EQ(left_behind(), "");
-    EXPECT_EQ(sh("ls /tmp/item-socket.*").out, "");
 }
 
 TEST_F(CheckDriver, TellsItsVerdictToScripts)
@@ -206,6 +208,7 @@ TEST_F(CheckDriver, TellsItsVerdictToScripts)
 // Whoever breaks it off, and whatever the driver has started, is left with nothing.
 TEST_F(CheckDriver, LeavesNothingBehindWhenItIsBrokenOff)
 {
+    SKIP_UNLESS(m_tmp);
     write_file("/run/f", "sim leave child=1\nsim ignore sigterm=1\n");
     for (const char* signal : {"INT", "HUP"}) {  // which comes to the whole group, and so twice
         const Outcome outcome =

@@ -123,7 +123,7 @@ TEST_F(Companion, TellsWhatCameOfEachItem)
             "channel/channel1: stopped\noutput/a: stopped\noutput/b: stopped\noutput/bad\\x1b: stopped\n",
             ""},
     });
-    EXPECT_TRUE(eventually([] { return sh("pgrep -x daemon").status != 0; }));
+    EXPECT_TRUE(eventually([] { return sh("pgrep -f '^/usr/bin/daemon .*tavorn.output.b '").status != 0; }));
 }
 
 TEST_F(Companion, TellsOfDriversThatDoNotDoAsTheyShould)
