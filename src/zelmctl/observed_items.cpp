@@ -326,6 +326,8 @@ void ObservedItems::note_end(Place place)
         return;
     const int descriptor = observed.process.descriptor();
     const auto ending = ending_of(descriptor, m_patience_ms);
+    if (!ending)
+        m_patience_ms /= 2;
     m_processes.erase(descriptor);
     observed.process = {};
     observed.driver = {};

@@ -21,7 +21,7 @@ struct ItemChange {
 class ObservedItems {
 public:
     // Begins to watch, and looks. The kernel tells how a process ended once its parent has taken note, which
-    // that many milliseconds are waited for.
+    // that many milliseconds are waited for; half as many each time after one that took none.
     ObservedItems(const Selection& selection, int patience_ms);
 
     // What went wrong, which ends the watching; empty as long as nothing has.

@@ -30,7 +30,7 @@ Exit status: 0 it is so, 1 it is not, 2 trouble, 3 an item came up and ended aga
 
 using Result = Outcome::Result;
 
-constexpr int WAIT_PATIENCE_MS = 100;  // for how an item ended that nobody waits for any more
+constexpr int WAIT_PATIENCE_MS = 500;  // for how an item ended that nobody waits for any more
 
 // Running drivers that are asked for a report, which they answer when they are ready to serve.
 class AskedDrivers {

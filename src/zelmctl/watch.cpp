@@ -24,8 +24,8 @@ a kind alone for all of it, or all, which is meant without one.
 Exit status: 0, or 2 when watching was not possible.
 )";
 
-// The parent is mostly the system's init, or the supervisor, and prompt.
-constexpr int PATIENCE_MS = 100;
+// The parent is mostly the system's init, or the supervisor, and prompt unless the machine is busy.
+constexpr int PATIENCE_MS = 500;
 
 // In the order of the changes.
 constexpr const char* EVENTS[] = {"present", "created", "deleted", "settings", "running", "stopped", "gap"};
