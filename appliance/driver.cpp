@@ -133,13 +133,20 @@ void Driver::accept_clients()
     }
 }
 
+void Driver::lose(Client& client)
+{
+    if (!client.outgoing.empty() && Misbehaviour(m_state.settings).dies_of == "hang-up")
+        die();
+    client.gone = true;
+}
+
 void Driver::receive_requests(Client& client)
 {
     std::vector<unsigned char> request;
     for (;;) {
         switch (receive_packet(client.socket.get(), request)) {
         case Received::NOTHING_YET: return;
-        case Received::HUNG_UP: client.gone = true; return;
+        case Received::HUNG_UP: lose(client); return;
         case Received::PACKET: break;
         }
         if (client.hang_up)
@@ -163,9 +170,8 @@ void Driver::send_due(Client& client)
         const int sent = send_packet(client.socket.get(), client.outgoing.front().bytes);
         if (sent == 0)
             return;
-        if (sent < 0 && Misbehaviour(m_state.settings).dies_of == "hang-up")
-            die();
-        client.gone = client.gone || sent < 0;
+        if (sent < 0)
+            lose(client);
         client.outgoing.pop_front();
     }
     client.gone = client.gone || (client.hang_up && client.outgoing.empty());

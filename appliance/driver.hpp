@@ -38,6 +38,7 @@ private:
     void remove_gone();
     bool make_room();
     void accept_clients();
+    void lose(Client& client);
     void receive_requests(Client& client);
     void send_due(Client& client);
     void end_if_told();
