@@ -42,7 +42,7 @@ protected:
             write_file(path + ".sh", CHECK + "--settings " + path + " " + rows[i].arguments + " >" + path +
                                          ".out 2>&1\necho $? >" + path + ".status\n");
         }
-        sh("ls -rv /run/check/*.sh | xargs -n 1 -P 20 sh");
+        sh("ls -rv /run/check/*.sh | xargs -n 1 -P 12 sh");
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const std::string path = "/run/check/" + std::to_string(i);
             const std::string said = read_file(path + ".out");
