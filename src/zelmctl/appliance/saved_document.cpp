@@ -81,8 +81,9 @@ private:
         Json::array array;
         for (const auto& [name, element] : shape.members)
             if (auto json = document_of(element)) {
-                array.resize(std::stoul(name), Json::object());
-                array.push_back(std::move(*json));
+                const std::size_t place = std::stoul(name);
+                array.resize(std::max(array.size(), place + 1), Json::object());
+                array[place] = std::move(*json);
             }
         return array.empty() ? std::nullopt : std::optional<Json>(array);
     }
