@@ -49,7 +49,8 @@ int add_to_poll(int poll, int descriptor)
 }  // namespace
 
 ObservedItems::ObservedItems(const Selection& selection, int patience_ms)
-    : m_selection(selection), m_patience_ms(patience_ms), m_poll(::epoll_create1(EPOLL_CLOEXEC))
+    : m_selection(selection), m_full_patience_ms(patience_ms), m_patience_ms(patience_ms),
+      m_poll(::epoll_create1(EPOLL_CLOEXEC))
 {
     if (!m_poll || m_events.descriptor() < 0 || add_to_poll(m_poll.get(), m_events.descriptor()) != 0)
         fail(errno);
@@ -326,8 +327,7 @@ void ObservedItems::note_end(Place place)
         return;
     const int descriptor = observed.process.descriptor();
     const auto ending = ending_of(descriptor, m_patience_ms);
-    if (!ending)
-        m_patience_ms /= 2;
+    m_patience_ms = ending ? m_full_patience_ms : m_patience_ms / 2;
     m_processes.erase(descriptor);
     observed.process = {};
     observed.driver = {};

@@ -21,7 +21,7 @@ struct ItemChange {
 class ObservedItems {
 public:
     // Begins to watch, and looks. The kernel tells how a process ended once its parent has taken note, which
-    // that many milliseconds are waited for; half as many each time after one that took none.
+    // that many milliseconds are waited for, and half as many after each that took none.
     ObservedItems(const Selection& selection, int patience_ms);
 
     // What went wrong, which ends the watching; empty as long as nothing has.
@@ -84,7 +84,8 @@ private:
     void fail(int error);
 
     Selection m_selection;
-    int m_patience_ms;
+    const int m_full_patience_ms;
+    int m_patience_ms;  // as long as parents take note; less each time that one didn't
     std::string m_fault;
     ItemEvents m_events;
     Descriptor m_poll;
