@@ -69,14 +69,10 @@ bool end_all_processes()
     return !ended_any;
 }
 
-// All that is no directory below /run.
-std::set<fs::path> run_files()
+// All below /run, and what is in a directory in front of it.
+std::set<fs::path, std::greater<>> below_run()
 {
-    std::set<fs::path> files;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator("/run"))
-        if (!entry.is_directory())
-            files.insert(entry.path());
-    return files;
+    return {fs::recursive_directory_iterator("/run"), {}};
 }
 
 int status_of(int raw)
@@ -238,10 +234,10 @@ void Appliance::clear()
     std::error_code ignored;
     fs::remove_all("/mnt/main", ignored);
     // What was there before the first test is not the tests'; what drivers and tests left goes.
-    static const std::set<fs::path> kept = run_files();
-    for (const fs::path& file : run_files())
-        if (!kept.contains(file))
-            fs::remove(file, ignored);
+    static const auto kept = below_run();
+    for (const fs::path& left : below_run())
+        if (!kept.contains(left))
+            fs::remove(left, ignored);
     for (const std::string& directory : {OUTPUTS, CHANNELS, INPUTS, ROUTERS})
         fs::create_directories(directory);
 }
