@@ -128,8 +128,10 @@ TEST_F(CheckDriver, FindsEachMisbehaviourByTheRuleThatItBreaksAndByNoOther)
         {"sim dies of=garbled\n", "rule 45: after a garbled request it was ended by signal 9; "},
         {"sim dies of=flood\n",
             "rule 46: beside a client that asks and doesn't read it was ended by signal 9; "},
-        {"sim dies of=hang-up\n",
-            "rule 47: after clients that hung up before their reply it was ended by signal 9; "},
+        // Whoever answers at once may be faster than the client that hangs up.
+        {"sim dies of=hang-up\nsim answer delay ms=50\n",
+            "rule 47: after clients that hung up before their reply it was ended by signal 9; ",
+            "--only 47" + PROGRAM},
         {"sim clients=10\n", "rule 48: of 20 clients at once 9 are answered; "},
         {"sim crowd=shut-out\n", "rule 49: beside 300 idle clients it answers nobody else; "},
         {"sim crowd=oldest\n", "rule 50: among idle clients one that talks is let go; "},
