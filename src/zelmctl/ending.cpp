@@ -1,5 +1,6 @@
 #include "zelmctl/ending.hpp"
 
+#include <cerrno>
 #include <cstdint>
 #include <poll.h>
 #include <sys/ioctl.h>
@@ -21,16 +22,17 @@ constexpr unsigned long GET_INFO = _IOWR(0xFF, 11, ProcessInfo);
 std::optional<int> ending_of(int process_descriptor, int patience_ms)
 {
     ProcessInfo info{};
-    info.mask = EXIT;
     const auto is_told = [&] {
+        info.mask = EXIT;
+        errno = 0;
         return ::ioctl(process_descriptor, GET_INFO, &info) == 0 && (info.mask & EXIT) != 0;
     };
     if (is_told())
         return info.exit_code;
-    if ((info.mask & ~EXIT) == 0)
+    // While the process is being reaped, the kernel may for a moment know neither it nor its ending.
+    if (errno != 0 && errno != ESRCH)
         return {};  // the kernel has no such answer
     pollfd reaped{process_descriptor, 0, 0};
     ::poll(&reaped, 1, patience_ms);
-    info.mask = EXIT;
     return is_told() ? std::optional(info.exit_code) : std::nullopt;
 }
