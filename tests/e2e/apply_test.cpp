@@ -307,11 +307,11 @@ TEST_F(Apply, TakesTurnsWithAnother)
 {
     write_file(FILE_NAME, R"({"outputs": {"a": {}}})");
     HeldRun first("linkat", "zelmctl apply " + FILE_NAME);
-    sh("zelmctl apply " + FILE_NAME + " >/run/second 2>&1 &");
+    sh("{ zelmctl apply " + FILE_NAME + " >/run/second 2>&1; echo $? >/run/ended; } &");
     EXPECT_TRUE(
         eventually([] { return read_file("/run/second") == "zelmctl: waiting for another apply to end\n"; }));
     EXPECT_EQ(first.end(), "output/a: create\n");
-    EXPECT_TRUE(eventually([] { return sh("pgrep -x zelmctl").status != 0; }));
+    EXPECT_TRUE(eventually([] { return read_file("/run/ended") == "0\n"; }));
     EXPECT_EQ(read_file("/run/second"), "zelmctl: waiting for another apply to end\n");
 }
 
