@@ -1,7 +1,7 @@
 // The least that a command can cost, for the measurements:
 //
 //     floor status                       one read of the socket table, and one pass over all descriptors
-//     floor running SOCKET...            the same, and one exchange after the other
+//     floor running SOCKET...            the same, and an exchange with each, all at once
 //     floor stopped DIRECTORY MANIFEST   prints what "list" does of stopped outputs: for each two lstat and
 //                                        one read, nothing that was read is copied, and one write
 #include <algorithm>
@@ -52,17 +52,30 @@ int walk()
     return failed > 1000 ? 1 : 0;
 }
 
-bool exchange(const char* path)
+CommSocket ask(const char* path)
 {
-    const CommSocket connection(comm_socket_v4_create());
+    CommSocket connection(comm_socket_v4_create());
     const CommPacket request(comm_socket_v4_packet_create());
     request->flags = 1;
     comm_socket_v4_packet_begin_writing(request.get(), 0, "report", nullptr);
     comm_socket_v4_packet_write_end(request.get());
-    return comm_socket_v4_connect_to(connection.get(), path) == 0 &&
-           comm_socket_v4_packet_send_to_server(connection.get(), request.get()) > 0 &&
+    const bool asked = comm_socket_v4_connect_to(connection.get(), path) == 0 &&
+                       comm_socket_v4_packet_send_to_server(connection.get(), request.get()) > 0;
+    return asked ? std::move(connection) : nullptr;
+}
+
+bool is_answered(const CommSocket& connection)
+{
+    return connection &&
            comm_socket_v4_client_from_server_readable(connection.get(), monotonic_clock_us() + 1000000) > 0 &&
            CommPacket(comm_socket_v4_client_get_packet_from_server(connection.get()));
+}
+
+bool exchange_at_once(char** paths, char** end)
+{
+    std::vector<CommSocket> connections(static_cast<std::size_t>(end - paths));
+    std::transform(paths, end, connections.begin(), ask);
+    return std::all_of(connections.begin(), connections.end(), is_answered);
 }
 
 struct Entry {
@@ -140,6 +153,6 @@ int main(int argc, char** argv)
     const std::string_view what = argc > 1 ? argv[1] : "";
     if (what == "stopped" && argc == 4)
         return list_stopped(argv[2], argv[3]);
-    const bool all = what == "status" || (what == "running" && std::all_of(argv + 2, argv + argc, exchange));
+    const bool all = what == "status" || (what == "running" && exchange_at_once(argv + 2, argv + argc));
     return all ? walk() : 1;
 }
